@@ -1,0 +1,13 @@
+#pragma once
+// Connects a signal to a window's handler, run under Guard so that a
+// run-time error inside it is shown and ends only that handler.
+#include <QObject>
+
+#include "Guard.h"
+
+template <typename Sender, typename Signal, typename Handler>
+QMetaObject::Connection On(Sender* sender, Signal signal, QObject* context, Handler handler) {
+    return QObject::connect(sender, signal, context, [handler](auto&&... args) {
+        Guard::Run([&] { handler(std::forward<decltype(args)>(args)...); });
+    });
+}
