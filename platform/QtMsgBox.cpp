@@ -1,6 +1,7 @@
 #include "QtMsgBox.h"
 
 #include <QApplication>
+#include <QAbstractButton>
 #include <QMessageBox>
 
 #include "MsgBox.h"
@@ -36,10 +37,13 @@ void Install() {
                 mb.setDefaultButton(QMessageBox::Yes);
                 break;
         }
-        mb.setButtonText(QMessageBox::Yes, QStringLiteral("是(&Y)"));
-        mb.setButtonText(QMessageBox::No, QStringLiteral("否(&N)"));
-        mb.setButtonText(QMessageBox::Ok, QStringLiteral("确定"));
-        mb.setButtonText(QMessageBox::Cancel, QStringLiteral("取消"));
+        const std::pair<QMessageBox::StandardButton, const char*> captions[] = {
+            {QMessageBox::Yes, "是(&Y)"},
+            {QMessageBox::No, "否(&N)"},
+            {QMessageBox::Ok, "确定"},
+            {QMessageBox::Cancel, "取消"}};
+        for (const auto& [which, caption] : captions)
+            if (QAbstractButton* b = mb.button(which)) b->setText(QString::fromUtf8(caption));
         switch (mb.exec()) {
             case QMessageBox::Yes: return MsgBox::Answer::Yes;
             case QMessageBox::No: return MsgBox::Answer::No;

@@ -9,10 +9,13 @@
 #include <QColor>
 #include <QTableView>
 #include <QVariant>
+#include <functional>
 #include <vector>
 
 #include "Recordset.h"
 
+class QAbstractButton;
+class QTimer;
 class VSGridModel;
 
 class VSGrid : public QTableView {
@@ -25,6 +28,7 @@ public:
 
     explicit VSGrid(QWidget* parent = nullptr);
     ~VSGrid() override;
+    using QTableView::edit;  // edit(index) opens the editor of a cell, as a user would
 
     // ---- shape
     int Rows() const;
@@ -94,7 +98,7 @@ public:
     double Sum(int col, int r1, int r2) const;
 
     // ---- look
-    void setMergeCells(bool on);       // merge equal neighbours in the columns that allow it
+    void setMergeCells(bool on);  // merge equal neighbours in the columns that allow it
     void setMergeCol(int col, bool on);
     void setCellBackColor(int row, int col, const QColor& color);  // e.g. the fixed cells
     QColor CellBackColor(int row, int col) const;
@@ -129,4 +133,36 @@ private:
     std::function<bool()> rowChangeAllowed_;
     bool editable_ = false;
     void applyColumnLook();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyboardSearch(const QString& search) override;  // no search-as-you-type
+    // Whether the current row may move to the model row (-1: no current row).
+    bool mayMoveTo(int modelRow);
+    // Moves the current cell without asking the row-change guard; row 0 clears it.
+    void moveCurrent(int row, int col);
+    // Structural changes report one RowColChange at the end, when the current
+    // cell moved or its record went away.
+    void beginQuiet();
+    void endQuiet(bool recordChanged);
+    void scheduleMerge();
+    void recomputeMerge();
+    void paintCorner();
+
+    QAbstractButton* corner_ = nullptr;
+    QTimer* mergeTimer_ = nullptr;
+    int colHint_ = 1;       // the column the current cell takes when a row becomes current
+    bool forcing_ = false;  // moving the current cell past the guard
+    bool sizing_ = false;   // widths being set by the grid, not dragged by the user
+    int quiet_ = 0;
+    int quietRow_ = 0;
+    int quietCol_ = 0;
+    bool mergeCells_ = false;
+    bool spansSet_ = false;
+    // The guard's answer for one attempt (a key, a click, a setRow), so that it
+    // is asked once however many selection calls the attempt makes.
+    struct {
+        bool valid = false;
+        int row = -1;
+        bool allowed = true;
+    } guardMemo_;
 };

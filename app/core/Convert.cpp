@@ -96,13 +96,36 @@ bool parseStrict(const QString& text, double& out) {
     return std::isfinite(out);
 }
 
+// The shortest digits that read back as the same value, written without an
+// exponent: 123456792.0f gives "123456790", 0.1f gives "0.1".
 template <typename T>
 QString shortestText(T value) {
     if (value == 0) return QStringLiteral("0");  // also -0
-    char buf[400];
-    auto res = std::to_chars(buf, buf + sizeof buf, value, std::chars_format::fixed);
-    if (res.ec != std::errc()) res = std::to_chars(buf, buf + sizeof buf, value);
-    return QString::fromLatin1(buf, int(res.ptr - buf));
+    char buf[64];
+    const auto res = std::to_chars(buf, buf + sizeof buf, value, std::chars_format::scientific);
+    const std::string sci(buf, res.ptr);
+    const size_t e = sci.find('e');
+    std::string mant = sci.substr(0, e);
+    const int exp = std::stoi(sci.substr(e + 1));
+    std::string sign;
+    if (mant[0] == '-') {
+        sign = "-";
+        mant.erase(0, 1);
+    }
+    std::string digits;
+    for (char c : mant)
+        if (c != '.') digits += c;
+    // digits d1 d2 ... with the decimal point after d1, moved by exp places.
+    const int point = 1 + exp;
+    std::string out;
+    if (point <= 0) {
+        out = "0." + std::string(size_t(-point), '0') + digits;
+    } else if (point >= int(digits.size())) {
+        out = digits + std::string(size_t(point - int(digits.size())), '0');
+    } else {
+        out = digits.substr(0, size_t(point)) + "." + digits.substr(size_t(point));
+    }
+    return QString::fromLatin1(sign + out);
 }
 
 }  // namespace

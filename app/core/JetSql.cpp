@@ -96,6 +96,7 @@ Result Translate(const QString& jet) {
                 if (ok) {
                     limit = count;
                     i = k + int(count.size());
+                    if (i < n && jet[i] == ' ') ++i;
                     prevWord = up;
                     continue;
                 }

@@ -135,9 +135,12 @@ void clsSellRole::Initial(const QString& shopNo) {
     for (int i = 0; i < rs.FieldCount(); ++i) {
         const QString col = rs.FieldName(i).toLower();
         const QVariant v = rs.Field(i);
+        if (col == "shopno") {
+            ShopNo = Convert::VarText(v);
+            continue;
+        }
         const double num = v.isNull() ? 0 : Convert::VarDbl(v);
-        if (col == "shopno") ShopNo = Convert::VarText(v);
-        else if (col == "sellorder") SellOrder = Convert::CLng(num);
+        if (col == "sellorder") SellOrder = Convert::CLng(num);
         else if (col == "backdays") BackDays = Convert::CInt(num);
         else if (col == "abatecannotback") AbateCanNotBack = num != 0;
         else if (col == "specialcannotback") SpecialCanNotBack = num != 0;

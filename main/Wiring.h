@@ -1,0 +1,3 @@
+#pragma once
+// Registers every subsystem's windows under the main window's commands.
+void RegisterAllWindows();
