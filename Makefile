@@ -1,6 +1,6 @@
 # The two everyday commands: `make run` and `make test`.
 PRESET ?= debug
-BUILD  := build/$(PRESET)
+BUILD   = build/$(PRESET)
 
 .PHONY: deps configure build run test bench clean format
 
@@ -20,8 +20,9 @@ test: build
 	ctest --preset $(PRESET)
 
 bench: PRESET = release
-bench: build
-	$(BUILD)/bench/clothes_bench
+bench: configure
+	cmake --build --preset $(PRESET) --target clothes_bench mkvolume
+	$(BUILD)/clothes_bench
 
 format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i

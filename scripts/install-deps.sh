@@ -5,7 +5,7 @@ set -euo pipefail
 pkgs=(
   cmake ninja-build g++ make
   qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite qt6-qpa-plugins libgl-dev
-  libbenchmark-dev
+  libbenchmark-dev libsqlite3-dev pkg-config
   fonts-wqy-microhei xvfb xauth
 )
 missing=()
