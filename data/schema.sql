@@ -369,6 +369,6 @@ CREATE INDEX SellChange_SellGUID ON SellChange (SellGUID);
 CREATE INDEX BackStore_Shop ON BackStore (ShopNo, IsBackFactory);
 CREATE INDEX DayAmount_Shop_Date ON DayAmount (ShopNo, [DateTime]);
 CREATE INDEX OtherOut_Shop_Date ON OtherOut (ShopNo, [DateTime]);
-CREATE INDEX DataDictionary_Item ON DataDictionary (Item, Content);
+CREATE INDEX DataDictionary_Item ON DataDictionary (Item);
 CREATE INDEX User_No ON [User] ([No]);
 CREATE INDEX Role_GUID ON Role (GUID);
