@@ -11,9 +11,13 @@ QHash<QString, Opener>& table() {
 }
 }  // namespace
 
-void Register(const QString& key, Opener open) { table().insert(key, std::move(open)); }
+void Register(const QString& key, Opener open) {
+    table().insert(key, std::move(open));
+}
 
-bool Has(const QString& key) { return table().contains(key); }
+bool Has(const QString& key) {
+    return table().contains(key);
+}
 
 bool Run(const QString& key, QWidget* parent) {
     auto it = table().constFind(key);

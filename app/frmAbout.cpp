@@ -13,14 +13,16 @@ frmAbout::frmAbout(QWidget* parent) : Form(parent), ui_(std::make_unique<Ui::frm
     On(ui_->cmdOK, &QPushButton::clicked, this, [this] { accept(); });
     On(ui_->cmdSysInfo, &QPushButton::clicked, this, [] {
         if (!ExternalTools::StartFirst(SystemInfoTools()))
-            MsgBox::Show(QStringLiteral("此时系统信息不可用"), MsgBox::Icon::None, MsgBox::Buttons::Ok);
+            MsgBox::Show(QStringLiteral("此时系统信息不可用"), MsgBox::Icon::None,
+                         MsgBox::Buttons::Ok);
     });
 }
 
 frmAbout::~frmAbout() = default;
 
 const QStringList& frmAbout::SystemInfoTools() {
-    static const QStringList tools = {"gnome-system-monitor", "ksysguard", "plasma-systemmonitor",
-                                      "hardinfo", "xfce4-taskmanager", "lxtask"};
+    static const QStringList tools = {"gnome-system-monitor", "ksysguard",
+                                      "plasma-systemmonitor", "hardinfo",
+                                      "xfce4-taskmanager",    "lxtask"};
     return tools;
 }

@@ -91,10 +91,14 @@ const std::pair<const char*, const char*> kMenuRights[] = {
     {"ReStart", "ReStart"},
 };
 const std::pair<const char*, const char*> kToolRights[] = {
-    {"BuyIn", "BuyIn"},           {"SellOut", "Sell"},
-    {"ClientBackChange", "ClientChange"}, {"ChangeShop", "ChangeShop"},
-    {"StoreQuery", "StoreQuery"}, {"SellQuery", "SellQuery"},
-    {"CompanyBack", "FactoryBack"}, {"ClientBack", "ClientBack"},
+    {"BuyIn", "BuyIn"},
+    {"SellOut", "Sell"},
+    {"ClientBackChange", "ClientChange"},
+    {"ChangeShop", "ChangeShop"},
+    {"StoreQuery", "StoreQuery"},
+    {"SellQuery", "SellQuery"},
+    {"CompanyBack", "FactoryBack"},
+    {"ClientBack", "ClientBack"},
 };
 
 }  // namespace
@@ -144,9 +148,13 @@ frmMain::~frmMain() {
     if (gInstance == this) gInstance = nullptr;
 }
 
-frmMain* frmMain::Instance() { return gInstance; }
+frmMain* frmMain::Instance() {
+    return gInstance;
+}
 
-QString frmMain::FixedTitle() { return QStringLiteral("Vantro服装店进销存管理系统普及版2.0"); }
+QString frmMain::FixedTitle() {
+    return QStringLiteral("Vantro服装店进销存管理系统普及版2.0");
+}
 
 void frmMain::buildToolbar() {
     int i = 0;
@@ -169,7 +177,9 @@ QAction* frmMain::ToolButton(const QString& key) const {
     return ui_->Toolbar->findChild<QAction*>(key, Qt::FindDirectChildrenOnly);
 }
 
-QToolBar* frmMain::Toolbar() const { return ui_->Toolbar; }
+QToolBar* frmMain::Toolbar() const {
+    return ui_->Toolbar;
+}
 
 void frmMain::LoadPopdem() {
     clsUser& user = Session::User();
@@ -214,10 +224,10 @@ void frmMain::ReStart() {
         return;
     clsDbopt& db = Session::Dbopt();
     bool isErr = false;
-    for (const char* st : {"Delete From Sell", "Delete from Store", "delete from Store",
-                           "delete from StoreDetail", "delete from BuyPrice", "delete from BackStore",
-                           "delete from SellChange", "delete from DayAmount", "delete from OtherOut",
-                           "delete from FactoryBackTotal"})
+    for (const char* st :
+         {"Delete From Sell", "Delete from Store", "delete from Store", "delete from StoreDetail",
+          "delete from BuyPrice", "delete from BackStore", "delete from SellChange",
+          "delete from DayAmount", "delete from OtherOut", "delete from FactoryBackTotal"})
         db.Excute(QString::fromLatin1(st), isErr);
 }
 

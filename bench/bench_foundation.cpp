@@ -27,7 +27,8 @@ bool openSession(benchmark::State& state) {
 }
 
 const QString kGoodsList =
-    "Select GUID,TypeNo as 货号,Name as 种类, Brand as 品牌,[Size] as 尺码,Colour as 颜色,Leather as "
+    "Select GUID,TypeNo as 货号,Name as 种类, Brand as 品牌,[Size] as 尺码,Colour as 颜色,Leather "
+    "as "
     "面料,Grade as 等级,ProductPlace as 产地,Quantity as 数量,Price as 零售价,IDCode as 条码 from "
     "Store Where ShopNo='%1' And Quantity>0";
 
@@ -55,7 +56,8 @@ void BM_QueryAndBindFullGoodsList(benchmark::State& state) {
 BENCHMARK(BM_QueryAndBindFullGoodsList)->Unit(benchmark::kMillisecond);
 
 const QString kLike =
-    "Select GUID,TypeNo as 货号,Name as 种类, Brand as 品牌,[Size] as 尺码,Colour as 颜色,Leather as "
+    "Select GUID,TypeNo as 货号,Name as 种类, Brand as 品牌,[Size] as 尺码,Colour as 颜色,Leather "
+    "as "
     "面料,Grade as 等级,ProductPlace as 产地,Quantity as 数量,Price as 零售价,IDCode as 条码 from "
     "Store Where Typeno Like'%%1%' And ShopNo='%2' And Quantity>0";
 
@@ -80,10 +82,11 @@ void BM_LikeSearchStraightOnSqlite(benchmark::State& state) {
         return;
     }
     const QByteArray sql =
-        QString("Select GUID,TypeNo as 货号,Name as 种类, Brand as 品牌,\"Size\" as 尺码,Colour as "
-                "颜色,Leather as 面料,Grade as 等级,ProductPlace as 产地,Quantity as 数量,Price as "
-                "零售价,IDCode as 条码 from Store Where Typeno Like'%M0012%' And ShopNo='%1' And "
-                "Quantity>0")
+        QString(
+            "Select GUID,TypeNo as 货号,Name as 种类, Brand as 品牌,\"Size\" as 尺码,Colour as "
+            "颜色,Leather as 面料,Grade as 等级,ProductPlace as 产地,Quantity as 数量,Price as "
+            "零售价,IDCode as 条码 from Store Where Typeno Like'%M0012%' And ShopNo='%1' And "
+            "Quantity>0")
             .arg(kDefaultShop)
             .toUtf8();
     int rows = 0;

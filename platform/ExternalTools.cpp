@@ -6,14 +6,14 @@
 namespace ExternalTools {
 
 const QStringList& Calculators() {
-    static const QStringList list = {"gnome-calculator", "kcalc",  "mate-calc", "galculator",
+    static const QStringList list = {"gnome-calculator", "kcalc",       "mate-calc", "galculator",
                                      "qalculate-gtk",    "speedcrunch", "xcalc"};
     return list;
 }
 
 const QStringList& Editors() {
-    static const QStringList list = {"gnome-text-editor", "gedit",  "kate",   "kwrite",
-                                     "mousepad",          "pluma",  "xed",    "featherpad",
+    static const QStringList list = {"gnome-text-editor", "gedit", "kate", "kwrite",
+                                     "mousepad",          "pluma", "xed",  "featherpad",
                                      "leafpad",           "xedit"};
     return list;
 }

@@ -17,9 +17,15 @@ std::function<void(QDialog*)>& unplanned() {
 }
 }  // namespace
 
-void Queue(Steps steps) { queue() << std::move(steps); }
-void SetUnplanned(std::function<void(QDialog*)> handler) { unplanned() = std::move(handler); }
-int QueuedCount() { return int(queue().size()); }
+void Queue(Steps steps) {
+    queue() << std::move(steps);
+}
+void SetUnplanned(std::function<void(QDialog*)> handler) {
+    unplanned() = std::move(handler);
+}
+int QueuedCount() {
+    return int(queue().size());
+}
 
 int Show(QDialog* window) {
     window->setWindowModality(Qt::ApplicationModal);

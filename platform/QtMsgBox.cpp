@@ -1,7 +1,7 @@
 #include "QtMsgBox.h"
 
-#include <QApplication>
 #include <QAbstractButton>
+#include <QApplication>
 #include <QMessageBox>
 
 #include "MsgBox.h"
@@ -14,11 +14,21 @@ void Install() {
         mb.setWindowTitle(box.title);
         mb.setText(box.text);
         switch (box.icon) {
-            case MsgBox::Icon::Information: mb.setIcon(QMessageBox::Information); break;
-            case MsgBox::Icon::Exclamation: mb.setIcon(QMessageBox::Warning); break;
-            case MsgBox::Icon::Critical: mb.setIcon(QMessageBox::Critical); break;
-            case MsgBox::Icon::Question: mb.setIcon(QMessageBox::Question); break;
-            case MsgBox::Icon::None: mb.setIcon(QMessageBox::NoIcon); break;
+            case MsgBox::Icon::Information:
+                mb.setIcon(QMessageBox::Information);
+                break;
+            case MsgBox::Icon::Exclamation:
+                mb.setIcon(QMessageBox::Warning);
+                break;
+            case MsgBox::Icon::Critical:
+                mb.setIcon(QMessageBox::Critical);
+                break;
+            case MsgBox::Icon::Question:
+                mb.setIcon(QMessageBox::Question);
+                break;
+            case MsgBox::Icon::None:
+                mb.setIcon(QMessageBox::NoIcon);
+                break;
         }
         switch (box.buttons) {
             case MsgBox::Buttons::Ok:
@@ -45,10 +55,14 @@ void Install() {
         for (const auto& [which, caption] : captions)
             if (QAbstractButton* b = mb.button(which)) b->setText(QString::fromUtf8(caption));
         switch (mb.exec()) {
-            case QMessageBox::Yes: return MsgBox::Answer::Yes;
-            case QMessageBox::No: return MsgBox::Answer::No;
-            case QMessageBox::Cancel: return MsgBox::Answer::Cancel;
-            default: return MsgBox::Answer::Ok;
+            case QMessageBox::Yes:
+                return MsgBox::Answer::Yes;
+            case QMessageBox::No:
+                return MsgBox::Answer::No;
+            case QMessageBox::Cancel:
+                return MsgBox::Answer::Cancel;
+            default:
+                return MsgBox::Answer::Ok;
         }
     });
 }

@@ -53,8 +53,12 @@ public:
 };
 }  // namespace
 
-void FillCombo(const QString& Item, QComboBox* combo) { fill(Item, combo, false); }
-void FillComboAll(const QString& Item, QComboBox* combo) { fill(Item, combo, true); }
+void FillCombo(const QString& Item, QComboBox* combo) {
+    fill(Item, combo, false);
+}
+void FillComboAll(const QString& Item, QComboBox* combo) {
+    fill(Item, combo, true);
+}
 
 void RemoveVsRows(VSGrid* grid) {
     for (int r = grid->Rows() - 1; r >= 1; --r) grid->RemoveItem(r);

@@ -23,13 +23,17 @@ void clsCombox::Initial(QComboBox* cmb, const QString& NoValues, const QString& 
     }
 }
 
-int clsCombox::ListIndex() const { return cmb_ ? cmb_->currentIndex() : -1; }
+int clsCombox::ListIndex() const {
+    return cmb_ ? cmb_->currentIndex() : -1;
+}
 
 void clsCombox::setListIndex(int index) {
     if (cmb_) cmb_->setCurrentIndex(index);
 }
 
-int clsCombox::ListCount() const { return cmb_ ? cmb_->count() : 0; }
+int clsCombox::ListCount() const {
+    return cmb_ ? cmb_->count() : 0;
+}
 
 void clsCombox::AddItem(const QString& value, const QString& caption) {
     if (!cmb_) return;
@@ -37,7 +41,9 @@ void clsCombox::AddItem(const QString& value, const QString& caption) {
     values_ << value;
 }
 
-QString clsCombox::Caption() const { return cmb_ ? cmb_->currentText() : QString(); }
+QString clsCombox::Caption() const {
+    return cmb_ ? cmb_->currentText() : QString();
+}
 
 QString clsCombox::No() const {
     const int i = ListIndex();

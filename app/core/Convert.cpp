@@ -1,7 +1,7 @@
 #include "Convert.h"
 
-#include <charconv>
 #include <cfloat>
+#include <charconv>
 #include <cmath>
 
 #include "RuntimeError.h"
@@ -10,16 +10,21 @@ namespace Convert {
 
 namespace {
 
-bool isSpace(QChar c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+bool isSpace(QChar c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
 
 // Parses a &H (hex) or &O (octal) number at text[i]; returns false if it is none.
 bool parseRadix(const QString& s, int& i, double& out) {
     if (i + 1 >= s.size() || s[i] != '&') return false;
     const QChar k = s[i + 1].toUpper();
     int base = 0;
-    if (k == 'H') base = 16;
-    else if (k == 'O') base = 8;
-    else return false;
+    if (k == 'H')
+        base = 16;
+    else if (k == 'O')
+        base = 8;
+    else
+        return false;
     int j = i + 2;
     double v = 0;
     int digits = 0;
@@ -163,9 +168,13 @@ float ToSingle(double value) {
     return float(value);
 }
 
-float CSng(const QString& text) { return ToSingle(CDbl(text)); }
+float CSng(const QString& text) {
+    return ToSingle(CDbl(text));
+}
 
-double RoundHalfEven(double value) { return std::nearbyint(value); }
+double RoundHalfEven(double value) {
+    return std::nearbyint(value);
+}
 
 int16_t CInt(double value) {
     const double r = RoundHalfEven(value);
@@ -173,7 +182,9 @@ int16_t CInt(double value) {
     return int16_t(r);
 }
 
-int16_t CInt(const QString& text) { return CInt(CDbl(text)); }
+int16_t CInt(const QString& text) {
+    return CInt(CDbl(text));
+}
 
 int32_t CLng(double value) {
     const double r = RoundHalfEven(value);
@@ -181,7 +192,9 @@ int32_t CLng(double value) {
     return int32_t(r);
 }
 
-int32_t CLng(const QString& text) { return CLng(CDbl(text)); }
+int32_t CLng(const QString& text) {
+    return CLng(CDbl(text));
+}
 
 double Val(const QString& text) {
     // Blanks, tabs and line feeds are passed over wherever they stand.
@@ -227,8 +240,12 @@ double Val(const QString& text) {
     return v;
 }
 
-QString FloatText(float value) { return shortestText(value); }
-QString DblText(double value) { return shortestText(value); }
+QString FloatText(float value) {
+    return shortestText(value);
+}
+QString DblText(double value) {
+    return shortestText(value);
+}
 
 QString VarText(const QVariant& value) {
     if (value.isNull() || !value.isValid()) return QString();

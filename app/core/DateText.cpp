@@ -4,11 +4,17 @@
 
 namespace DateText {
 
-QString Of(const QDate& date) { return date.toString(Format()); }
+QString Of(const QDate& date) {
+    return date.toString(Format());
+}
 
-QString Today() { return Of(QDate::currentDate()); }
+QString Today() {
+    return Of(QDate::currentDate());
+}
 
-QString NowText() { return QDateTime::currentDateTime().toString("yyyy-MM-dd hh:mm:ss"); }
+QString NowText() {
+    return QDateTime::currentDateTime().toString("yyyy-MM-dd hh:mm:ss");
+}
 
 QDate Parse(const QString& text) {
     QString t = text.trimmed();
@@ -29,10 +35,16 @@ QString Normalize(const QString& text) {
     return d.isValid() ? Of(d) : text;
 }
 
-QString KeyOf(const QDate& date) { return date.toString("yyyyMMdd"); }
+QString KeyOf(const QDate& date) {
+    return date.toString("yyyyMMdd");
+}
 
-QString TodayKey() { return KeyOf(QDate::currentDate()); }
+QString TodayKey() {
+    return KeyOf(QDate::currentDate());
+}
 
-int DaysBetween(const QDate& from, const QDate& to) { return int(from.daysTo(to)); }
+int DaysBetween(const QDate& from, const QDate& to) {
+    return int(from.daysTo(to));
+}
 
 }  // namespace DateText

@@ -6,7 +6,9 @@ namespace JetSql {
 
 namespace {
 
-bool isWordChar(QChar c) { return c.isLetterOrNumber() || c == '_' || c.unicode() >= 0x80; }
+bool isWordChar(QChar c) {
+    return c.isLetterOrNumber() || c == '_' || c.unicode() >= 0x80;
+}
 
 // The word starting at i (letters, digits, underscore).
 QString wordAt(const QString& s, int i) {

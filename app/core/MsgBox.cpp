@@ -15,7 +15,9 @@ Presenter SetPresenter(Presenter p) {
     return old;
 }
 
-QString AppTitle() { return QStringLiteral("服装店进销存管理系统"); }
+QString AppTitle() {
+    return QStringLiteral("服装店进销存管理系统");
+}
 
 Answer Show(const QString& text, Icon icon, Buttons buttons, const QString& title) {
     Box box{text, icon, buttons, title.isEmpty() ? AppTitle() : title};

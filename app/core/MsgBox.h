@@ -46,6 +46,8 @@ inline const QString& ReadFailText() {
     static const QString t = QStringLiteral("读取数据库出现异常！请检查网络，重新启动程序");
     return t;
 }
-inline void ReadFail() { Warn(ReadFailText(), QStringLiteral("提示")); }
+inline void ReadFail() {
+    Warn(ReadFailText(), QStringLiteral("提示"));
+}
 
 }  // namespace MsgBox

@@ -72,8 +72,12 @@ QVariant Recordset::Field(const QString& name) const {
     return Field(i);
 }
 
-QString Recordset::Text(const QString& name) const { return Convert::VarText(Field(name)); }
-QString Recordset::Text(int index) const { return Convert::VarText(Field(index)); }
+QString Recordset::Text(const QString& name) const {
+    return Convert::VarText(Field(name));
+}
+QString Recordset::Text(int index) const {
+    return Convert::VarText(Field(index));
+}
 
 const QStringList& Recordset::Names() const {
     requireOpen();

@@ -18,10 +18,13 @@ public:
         return QStringLiteral("运行时错误 '3704':\n\n对象关闭时，不允许操作。");
     }
     static QString noCurrentRecord() {
-        return QStringLiteral("运行时错误 '3021':\n\nBOF 或 EOF 中有一个是“真”，或者当前记录已被删除，所需的操作要求一个当前的记录。");
+        return QStringLiteral(
+            "运行时错误 '3021':\n\nBOF 或 EOF "
+            "中有一个是“真”，或者当前记录已被删除，所需的操作要求一个当前的记录。");
     }
     static QString noSuchField(const QString& name) {
-        return QStringLiteral("运行时错误 '3265':\n\n在对应所需名称或序数的集合中，未找到项目。(%1)")
+        return QStringLiteral(
+                   "运行时错误 '3265':\n\n在对应所需名称或序数的集合中，未找到项目。(%1)")
             .arg(name);
     }
 

@@ -13,7 +13,9 @@ std::unique_ptr<clsNewGUID> gGuid;
 std::unique_ptr<clsUser> gUser;
 std::unique_ptr<clsSellRole> gSellRole;
 
-bool asBool(const QVariant& v) { return !v.isNull() && Convert::VarDbl(v) != 0; }
+bool asBool(const QVariant& v) {
+    return !v.isNull() && Convert::VarDbl(v) != 0;
+}
 }  // namespace
 
 void Session::Create() {
@@ -26,12 +28,17 @@ void Session::Create() {
     ShopName.clear();
 }
 
-void Session::ReleaseDb() { gDbopt.reset(); }
+void Session::ReleaseDb() {
+    gDbopt.reset();
+}
 
-bool Session::HasDbopt() { return gDbopt != nullptr; }
+bool Session::HasDbopt() {
+    return gDbopt != nullptr;
+}
 
 clsDbopt& Session::Dbopt() {
-    if (!gDbopt) throw RuntimeError(QStringLiteral("运行时错误 '91':\n\n对象变量或 With 块变量未设置"));
+    if (!gDbopt)
+        throw RuntimeError(QStringLiteral("运行时错误 '91':\n\n对象变量或 With 块变量未设置"));
     return *gDbopt;
 }
 clsNewGUID& Session::NewGUID() {
@@ -51,24 +58,23 @@ clsSellRole& Session::SellRole() {
 
 const QStringList& clsRole::RightNames() {
     static const QStringList names = {
-        "AllList",      "Data",          "UserManage",        "SellRole",
-        "ChangeShop",   "BuyIn",         "Sell",              "ClientChange",
-        "ClientBack",   "Question",      "FactoryBack",       "SellBlankOut",
-        "ChangePrice",  "OtherOut",      "StoreQuery",        "SellQuery",
-        "SellGroup",    "BuyDetail",     "ClientChangeQuery", "FactoryBackQuery",
-        "BlankOutQuery", "OtherOurQuery", "DayAmount",        "TotalAmount",
-        "Profit",       "ReStart"};
+        "AllList",       "Data",          "UserManage",   "SellRole",          "ChangeShop",
+        "BuyIn",         "Sell",          "ClientChange", "ClientBack",        "Question",
+        "FactoryBack",   "SellBlankOut",  "ChangePrice",  "OtherOut",          "StoreQuery",
+        "SellQuery",     "SellGroup",     "BuyDetail",    "ClientChangeQuery", "FactoryBackQuery",
+        "BlankOutQuery", "OtherOurQuery", "DayAmount",    "TotalAmount",       "Profit",
+        "ReStart"};
     return names;
 }
 
 bool* clsRole::Right(const QString& name) {
-    bool* flags[] = {&AllList,       &Data,          &UserManage,        &SellRole,
-                     &ChangeShop,    &BuyIn,         &Sell,              &ClientChange,
-                     &ClientBack,    &Question,      &FactoryBack,       &SellBlankOut,
-                     &ChangePrice,   &OtherOut,      &StoreQuery,        &SellQuery,
-                     &SellGroup,     &BuyDetail,     &ClientChangeQuery, &FactoryBackQuery,
-                     &BlankOutQuery, &OtherOurQuery, &DayAmount,         &TotalAmount,
-                     &Profit,        &ReStart};
+    bool* flags[] = {
+        &AllList,       &Data,          &UserManage,   &SellRole,          &ChangeShop,
+        &BuyIn,         &Sell,          &ClientChange, &ClientBack,        &Question,
+        &FactoryBack,   &SellBlankOut,  &ChangePrice,  &OtherOut,          &StoreQuery,
+        &SellQuery,     &SellGroup,     &BuyDetail,    &ClientChangeQuery, &FactoryBackQuery,
+        &BlankOutQuery, &OtherOurQuery, &DayAmount,    &TotalAmount,       &Profit,
+        &ReStart};
     const QStringList& names = RightNames();
     for (int i = 0; i < names.size(); ++i)
         if (names[i].compare(name, Qt::CaseInsensitive) == 0) return flags[i];
@@ -140,19 +146,33 @@ void clsSellRole::Initial(const QString& shopNo) {
             continue;
         }
         const double num = v.isNull() ? 0 : Convert::VarDbl(v);
-        if (col == "sellorder") SellOrder = Convert::CLng(num);
-        else if (col == "backdays") BackDays = Convert::CInt(num);
-        else if (col == "abatecannotback") AbateCanNotBack = num != 0;
-        else if (col == "specialcannotback") SpecialCanNotBack = num != 0;
-        else if (col == "changedays") ChangeDays = Convert::CInt(num);
-        else if (col == "abatecannotchange") AbateCanNotChange = num != 0;
-        else if (col == "specialcannotchange") SpecialCanNotChange = num != 0;
-        else if (col == "sametypechange") SameTypeChange = num != 0;
-        else if (col == "deargoodschange") DearGoodsChange = num != 0;
-        else if (col == "changeonetime") ChangeOneTime = num != 0;
-        else if (col == "changnottoback") ChangNotToBack = num != 0;
-        else if (col == "isprint") IsPrint = num != 0;
-        else if (col == "printertype") PrinterType = Convert::CInt(num);
-        else throw RuntimeError(RuntimeError::noSuchField(rs.FieldName(i)));
+        if (col == "sellorder")
+            SellOrder = Convert::CLng(num);
+        else if (col == "backdays")
+            BackDays = Convert::CInt(num);
+        else if (col == "abatecannotback")
+            AbateCanNotBack = num != 0;
+        else if (col == "specialcannotback")
+            SpecialCanNotBack = num != 0;
+        else if (col == "changedays")
+            ChangeDays = Convert::CInt(num);
+        else if (col == "abatecannotchange")
+            AbateCanNotChange = num != 0;
+        else if (col == "specialcannotchange")
+            SpecialCanNotChange = num != 0;
+        else if (col == "sametypechange")
+            SameTypeChange = num != 0;
+        else if (col == "deargoodschange")
+            DearGoodsChange = num != 0;
+        else if (col == "changeonetime")
+            ChangeOneTime = num != 0;
+        else if (col == "changnottoback")
+            ChangNotToBack = num != 0;
+        else if (col == "isprint")
+            IsPrint = num != 0;
+        else if (col == "printertype")
+            PrinterType = Convert::CInt(num);
+        else
+            throw RuntimeError(RuntimeError::noSuchField(rs.FieldName(i)));
     }
 }

@@ -22,14 +22,18 @@ int connectionCounter = 0;
 
 clsDbopt::clsDbopt() : name_(QStringLiteral("ClothesSell-%1").arg(++connectionCounter)) {}
 
-clsDbopt::~clsDbopt() { Close(); }
+clsDbopt::~clsDbopt() {
+    Close();
+}
 
 QString clsDbopt::DataFilePath() {
     if (!overridePath().isEmpty()) return overridePath();
     return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("ClothesSell.mdb"));
 }
 
-void clsDbopt::SetDataFilePath(const QString& path) { overridePath() = path; }
+void clsDbopt::SetDataFilePath(const QString& path) {
+    overridePath() = path;
+}
 
 bool clsDbopt::ConnectionToDB() {
     Close();
@@ -59,7 +63,9 @@ bool clsDbopt::ConnectionToDB() {
     return true;
 }
 
-bool clsDbopt::IsConnected() const { return db_.isValid() && db_.isOpen(); }
+bool clsDbopt::IsConnected() const {
+    return db_.isValid() && db_.isOpen();
+}
 
 void clsDbopt::Close() {
     if (db_.isValid()) {

@@ -8,9 +8,9 @@
 namespace VolumeData {
 
 struct Volume {
-    int goods = 100000;      // Store rows (each with one history row and one layer)
-    int articles = 5000;     // distinct article numbers
-    int saleLines = 1000000; // Sell rows over two years
+    int goods = 100000;       // Store rows (each with one history row and one layer)
+    int articles = 5000;      // distinct article numbers
+    int saleLines = 1000000;  // Sell rows over two years
 };
 
 // Makes `path` as a copy of the delivered data file and fills it. Returns

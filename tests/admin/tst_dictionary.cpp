@@ -1,7 +1,7 @@
 // A lookup list: adding, refusing doubles, deleting and where the selection goes.
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QLineEdit>
 #include <QTest>
 
 #include "MsgRecorder.h"

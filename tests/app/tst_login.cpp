@@ -1,7 +1,7 @@
 // Start-up, login, change of user and change of password.
 #include <QApplication>
-#include <QPushButton>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
 
 #include "MsgRecorder.h"

@@ -36,8 +36,8 @@ private Q_SLOTS:
         auto* system = m.findChild<QMenu*>("System");
         QCOMPARE(captions(system->actions()),
                  (QStringList{"1-用户管理", "2-修改密码", "3-系统参数设置", "4-数据维护",
-                              "5-店面管理", "|", "6-进货单数据导入", "7-数据备份设置",
-                              "8-重新开始", "9-更换用户", "10-退出"}));
+                              "5-店面管理", "|", "6-进货单数据导入", "7-数据备份设置", "8-重新开始",
+                              "9-更换用户", "10-退出"}));
         QCOMPARE(captions(m.findChild<QMenu*>("Operator")->actions()),
                  (QStringList{"1-进货管理", "2-售货管理", "3-客户调换", "4-客户退货", "5-问 题 鞋",
                               "6-厂商退货", "|", "7-售货作废", "8-价格变动", "9-非营业其他支出"}));
@@ -52,7 +52,8 @@ private Q_SLOTS:
 
     void gatingFollowsTheRole() {
         TestDb db;
-        TestDb::Exec("Insert Into Role (GUID,Name,Sell,StoreQuery,Data) Values('{R}','收银员',1,1,0)");
+        TestDb::Exec(
+            "Insert Into Role (GUID,Name,Sell,StoreQuery,Data) Values('{R}','收银员',1,1,0)");
         TestDb::Exec("Insert Into [User] Values('{U}','7','小王','','{R}','收银员')");
         QVERIFY(Session::User().Initial("7"));
         frmMain m;
@@ -67,7 +68,8 @@ private Q_SLOTS:
         for (const char* k : {"ChagePassWord", "putin", "BackUpDate", "ReLogin", "Exit", "About"})
             QVERIFY2(m.MenuItem(k)->isEnabled(), k);
         QVERIFY(m.findChild<QMenu*>("Data")->menuAction()->isEnabled());
-        for (const char* k : {"Calculate", "Note", "Exit"}) QVERIFY2(m.ToolButton(k)->isEnabled(), k);
+        for (const char* k : {"Calculate", "Note", "Exit"})
+            QVERIFY2(m.ToolButton(k)->isEnabled(), k);
         QVERIFY(Session::User().Initial("admin"));
         m.LoadPopdem();
         QVERIFY(m.MenuItem("ReStart")->isEnabled());
@@ -107,8 +109,7 @@ private Q_SLOTS:
         MsgRecorder rec;
         const QString folder = db.Folder() + "/备份/";
         QDir().mkpath(folder);
-        TestDb::Exec("Update FileSave set dirpath='" + folder +
-                     "',FileName='数据备份',IsSave=1");
+        TestDb::Exec("Update FileSave set dirpath='" + folder + "',FileName='数据备份',IsSave=1");
         QFile old(folder + "数据备份.mdb");
         QVERIFY(old.open(QIODevice::WriteOnly));
         old.write("old copy");

@@ -34,11 +34,11 @@ private Q_SLOTS:
 
     void tablesAndColumnsInOrder() {
         TestDb t;
-        const QStringList sell = {"GUID", "StoreGUID", "ShopNo", "TypeNo", "Name", "Brand",
-                                  "Size", "Colour", "Leather", "Grade", "ProductPlace",
-                                  "Quantity", "Price", "Abate", "Amount", "BuyPrice", "Seller",
-                                  "DateTime", "SellNo", "BuyPriceID", "SellerName", "State",
-                                  "Money1", "Money2"};
+        const QStringList sell = {"GUID",         "StoreGUID", "ShopNo",   "TypeNo",  "Name",
+                                  "Brand",        "Size",      "Colour",   "Leather", "Grade",
+                                  "ProductPlace", "Quantity",  "Price",    "Abate",   "Amount",
+                                  "BuyPrice",     "Seller",    "DateTime", "SellNo",  "BuyPriceID",
+                                  "SellerName",   "State",     "Money1",   "Money2"};
         QCOMPARE(TestDb::Query("select * from Sell").Names(), sell);
         QCOMPARE(TestDb::Query("select * from SellChange").FieldCount(), 26);
         QCOMPARE(TestDb::Query("select * from Store").FieldCount(), 14);
@@ -90,9 +90,10 @@ private Q_SLOTS:
         MsgRecorder rec;
         TestDb::Exec("Insert Into Role (GUID,Name) Values ('{R}','收银员')");
         bool isErr = false;
-        Session::Dbopt().Excute("Delete  from Role Where GUID='{R}'\r\nDelete from 用户表 where "
-                                "RoleGUID='{R}'",
-                                isErr);
+        Session::Dbopt().Excute(
+            "Delete  from Role Where GUID='{R}'\r\nDelete from 用户表 where "
+            "RoleGUID='{R}'",
+            isErr);
         QVERIFY(isErr);
         QCOMPARE(rec.Take().size(), 1);
         QCOMPARE(TestDb::Count("Role", "GUID='{R}'"), 1);
@@ -106,8 +107,9 @@ private Q_SLOTS:
         TestDb t;
         TestDb::AddGoods("A1", 3, 100, 50);
         TestDb::AddGoods("A2", 4, 80, 40);
-        Recordset rs = TestDb::Query("select s.TypeNo as 货号, s.Quantity as Quantity, Memo from Store s "
-                                     "left join StoreDetail d on d.ParentGUID=s.GUID order by s.TypeNo");
+        Recordset rs = TestDb::Query(
+            "select s.TypeNo as 货号, s.Quantity as Quantity, Memo from Store s "
+            "left join StoreDetail d on d.ParentGUID=s.GUID order by s.TypeNo");
         QCOMPARE(rs.RecordCount(), 2);
         QVERIFY(!rs.Bof());
         QCOMPARE(rs.Text("货号"), QString("A1"));
@@ -129,17 +131,20 @@ private Q_SLOTS:
     void columnTypes() {
         TestDb t;
         // A quoted figure in a number column is stored as a number.
-        TestDb::Exec("Insert Into BuyPrice (StoreGUID,Price,Quantity,sDate,ShopNo) "
-                     "Values('g','5','2.5','2026-11-22','s')");
+        TestDb::Exec(
+            "Insert Into BuyPrice (StoreGUID,Price,Quantity,sDate,ShopNo) "
+            "Values('g','5','2.5','2026-11-22','s')");
         QCOMPARE(TestDb::Scalar("select typeof(Price) from BuyPrice"), QString("integer"));
         QCOMPARE(TestDb::Scalar("select Price+1 from BuyPrice"), QString("6"));
         QCOMPARE(TestDb::Scalar("select Quantity from BuyPrice where sDate=#2026/11/22#"),
                  QString("2.5"));
         // Yes/no columns read back as -1 and 0 whatever was written, and true works as a test.
-        TestDb::Exec("Insert Into BackStore ([GUID],ShopNo,Quantity,IsBackFactory,BackFactoryDate) "
-                     "Values('g','s',1,1,Null)");
-        TestDb::Exec("Insert Into BackStore ([GUID],ShopNo,Quantity,IsBackFactory,BackFactoryDate) "
-                     "Values('h','s',1,0,Null)");
+        TestDb::Exec(
+            "Insert Into BackStore ([GUID],ShopNo,Quantity,IsBackFactory,BackFactoryDate) "
+            "Values('g','s',1,1,Null)");
+        TestDb::Exec(
+            "Insert Into BackStore ([GUID],ShopNo,Quantity,IsBackFactory,BackFactoryDate) "
+            "Values('h','s',1,0,Null)");
         QCOMPARE(TestDb::Scalar("select IsBackFactory from BackStore where GUID='g'"),
                  QString("-1"));
         QCOMPARE(TestDb::Count("BackStore", "IsBackFactory=true"), 1);
@@ -175,7 +180,8 @@ private Q_SLOTS:
         clsNewGUID g;
         const QString a = g.GUID(false);
         QCOMPARE(a.size(), 38);
-        QVERIFY(QRegularExpression("^\\{[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12}\\}$")
+        QVERIFY(QRegularExpression(
+                    "^\\{[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12}\\}$")
                     .match(a)
                     .hasMatch());
         const QString b = g.GUID(true);

@@ -12,14 +12,15 @@ class TestJetSql : public QObject {
     }
 private Q_SLOTS:
     void dateLiterals() {
-        QCOMPARE(jet("select * from Sell Where DateTime>=#2026-11-01# And DateTime<=#2026/11/2#"),
-                 QString("select * from Sell Where DateTime>='2026-11-01' And DateTime<='2026-11-02'"));
+        QCOMPARE(
+            jet("select * from Sell Where DateTime>=#2026-11-01# And DateTime<=#2026/11/2#"),
+            QString("select * from Sell Where DateTime>='2026-11-01' And DateTime<='2026-11-02'"));
         QCOMPARE(jet("x Between #2026-1-5# And #2026-12-31#"),
                  QString("x Between '2026-01-05' And '2026-12-31'"));
     }
     void topBecomesLimit() {
         QCOMPARE(jet("Select top 1 ID,Price,Quantity from BuyPrice Where StoreGUID='a' And "
-                    "Quantity>0 Order by sDate ASC"),
+                     "Quantity>0 Order by sDate ASC"),
                  QString("Select ID,Price,Quantity from BuyPrice Where StoreGUID='a' And "
                          "Quantity>0 Order by sDate ASC LIMIT 1"));
         QCOMPARE(jet("select TOP 142 a from t "), QString("select a from t LIMIT 142"));
@@ -38,8 +39,9 @@ private Q_SLOTS:
                  QString("Select * from \"User\" Where \"No\"='1'"));
     }
     void literalsUntouched() {
-        const QString s = "Insert Into T Values('#2026-1-1#','top 5 mid(true)','it''s [x]',"
-                          "'a;b')";
+        const QString s =
+            "Insert Into T Values('#2026-1-1#','top 5 mid(true)','it''s [x]',"
+            "'a;b')";
         QCOMPARE(jet(s), s);
         QCOMPARE(jet("where a='O''Neil' and b=true"), QString("where a='O''Neil' and b=-1"));
     }

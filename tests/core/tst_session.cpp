@@ -53,8 +53,9 @@ private Q_SLOTS:
 
     void rulesLoadByName() {
         TestDb t(false);
-        TestDb::Exec("Update SellRole Set SellOrder=1,BackDays=7,AbateCannotBack=1,IsPrint=1,"
-                     "PrinterType=0,ChangNotToBack=1");
+        TestDb::Exec(
+            "Update SellRole Set SellOrder=1,BackDays=7,AbateCannotBack=1,IsPrint=1,"
+            "PrinterType=0,ChangNotToBack=1");
         clsSellRole& r = Session::SellRole();
         r.Initial(kDefaultShop);
         QCOMPARE(r.ShopNo, kDefaultShop);

@@ -9,7 +9,9 @@ MsgRecorder::MsgRecorder() {
     });
 }
 
-MsgRecorder::~MsgRecorder() { MsgBox::SetPresenter(std::move(previous_)); }
+MsgRecorder::~MsgRecorder() {
+    MsgBox::SetPresenter(std::move(previous_));
+}
 
 QList<MsgBox::Box> MsgRecorder::Take() {
     QList<MsgBox::Box> out;

@@ -34,8 +34,8 @@ private:
 };
 
 // In a test: fails when boxes were shown that the test did not take.
-#define CS_NO_LEFTOVER_BOXES(rec)                                      \
-    do {                                                               \
-        const QString left_ = (rec).Leftovers();                       \
+#define CS_NO_LEFTOVER_BOXES(rec)                                          \
+    do {                                                                   \
+        const QString left_ = (rec).Leftovers();                           \
         QVERIFY2(left_.isEmpty(), qPrintable("unexpected box: " + left_)); \
     } while (0)

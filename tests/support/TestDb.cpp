@@ -63,13 +63,18 @@ QString TestDb::AddGoods(const QString& typeNo, double qty, double price, double
     const QString guid = Session::NewGUID().GUID();
     const QString d = date.isEmpty() ? DateText::Today() : date;
     const QString shop = Session::ShopNo;
-    Exec(QString("Insert Into Store Values('%1','%2','%3','T恤','青木','%4','%5','纯棉','一等品','广州',%6,%7,'%8','A1')")
+    Exec(QString(
+             "Insert Into Store "
+             "Values('%1','%2','%3','T恤','青木','%4','%5','纯棉','一等品','广州',%6,%7,'%8','A1')")
              .arg(guid, shop, typeNo, size, colour, QString::number(qty), QString::number(price),
                   idCode));
-    Exec(QString("Insert Into StoreDetail Values('%1','%2','%3','%4','T恤','青木','%5','%6','纯棉','一等品',%7,%8,'广州','','%9')")
+    Exec(QString("Insert Into StoreDetail "
+                 "Values('%1','%2','%3','%4','T恤','青木','%5','%6','纯棉','一等品',%7,%8,'广州',''"
+                 ",'%9')")
              .arg(Session::NewGUID().GUID(), guid, shop, typeNo, size, colour,
                   QString::number(cost), QString::number(qty), d));
-    Exec(QString("Insert Into BuyPrice (StoreGUID,Price,Quantity,sDate,ShopNo) Values('%1',%2,%3,'%4','%5')")
+    Exec(QString("Insert Into BuyPrice (StoreGUID,Price,Quantity,sDate,ShopNo) "
+                 "Values('%1',%2,%3,'%4','%5')")
              .arg(guid, QString::number(cost), QString::number(qty), d, shop));
     return guid;
 }
