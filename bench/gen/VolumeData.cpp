@@ -106,7 +106,7 @@ bool Make(const QString& path, const Volume& v) {
         // Sale lines: a few pieces per sale, numbered per day.
         int line = 0;
         QDate day = start;
-        const int perDay = std::max(1, v.saleLines / 730);
+        const int perDay = std::max(1, (v.saleLines + 729) / 730);
         while (line < v.saleLines && ok) {
             int saleOfDay = 0;
             for (int n = 0; n < perDay && line < v.saleLines && ok; ++saleOfDay) {
