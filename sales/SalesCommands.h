@@ -1,0 +1,3 @@
+#pragma once
+// The sales counter's windows behind the main window's commands.
+void RegisterSalesCommands();
