@@ -1,0 +1,395 @@
+// Batch stock-in: the colour-by-size matrix, its totals, and storing it cell by cell.
+#include <QListWidget>
+#include <QTest>
+
+#include "MsgRecorder.h"
+#include "Session.h"
+#include "TestDb.h"
+#include "TestRegistry.h"
+#include "VSGrid.h"
+#include "frmBuyIn.h"
+#include "frmbatchbuyIn.h"
+#include "ui_frmbatchbuyIn.h"
+
+class TestBatch : public QObject {
+    Q_OBJECT
+
+    static void tick(QListWidget* list, const QString& text, bool on = true) {
+        const auto items = list->findItems(text, Qt::MatchExactly);
+        QVERIFY2(!items.isEmpty(), qPrintable(text));
+        items[0]->setCheckState(on ? Qt::Checked : Qt::Unchecked);
+    }
+    // What the user's edit of a cell does: the text goes in, then the after-edit rules.
+    static void type(VSGrid* g, int row, int col, const QString& text) {
+        QAbstractItemModel* m = g->model();
+        QVERIFY(m->setData(m->index(row - 1, col - 1), text, Qt::EditRole));
+    }
+    static QStringList rowTexts(VSGrid* g, int row) {
+        QStringList out;
+        for (int c = 0; c < g->Cols(); ++c) out << g->TextMatrix(row, c);
+        return out;
+    }
+    static QStringList colTexts(VSGrid* g, int col) {
+        QStringList out;
+        for (int r = 0; r < g->Rows(); ++r) out << g->TextMatrix(r, col);
+        return out;
+    }
+    static void fillCommon(frmbatchbuyIn& w) {
+        auto* u = w.ui();
+        u->txtNo->setText("B'77");
+        u->comName->setEditText("外套");
+        u->comBrand->setEditText("青木");
+        u->comLeather->setEditText("羊毛");
+        u->comGrade->setEditText("一等品");
+        u->comProductPlace->setEditText("宁波");
+        u->txtPrice->setText("1,000");
+        u->txtSellPrice->setText("1,000");
+        u->DT->setDate(QDate(2026, 5, 2));
+        u->txtBlock->setText("6900");
+        u->txtFloor->setText("C3");
+        u->txtMemo->setText("冬款");
+    }
+
+private Q_SLOTS:
+    void listsComeFromTheDictionaryUnticked() {
+        TestDb db;
+        frmbatchbuyIn w(nullptr);
+        auto* u = w.ui();
+        QCOMPARE(u->listCoulor->count(), TestDb::Count("DataDictionary", "Item='颜色'"));
+        QCOMPARE(u->listSize->count(), TestDb::Count("DataDictionary", "Item='尺码'"));
+        QCOMPARE(u->listCoulor->item(0)->text(), QString("黑色"));
+        for (int i = 0; i < u->listCoulor->count(); ++i)
+            QCOMPARE(u->listCoulor->item(i)->checkState(), Qt::Unchecked);
+        QVERIFY(u->comColour->isHidden() && u->comSize->isHidden());
+        VSGrid* g = u->VSFlexGrid;
+        QCOMPARE(g->Rows(), 1);
+        QCOMPARE(g->Cols(), 1);
+        QCOMPARE(g->TextMatrix(0, 0), QString("颜色/尺码"));
+        QCOMPARE(g->ColWidth(0), 900);
+        QCOMPARE(u->DT->date(), QDate::currentDate());
+    }
+
+    void ticksBuildAndUnbuildTheMatrix() {
+        TestDb db;
+        frmbatchbuyIn w(nullptr);
+        auto* u = w.ui();
+        VSGrid* g = u->VSFlexGrid;
+        tick(u->listCoulor, "红色");
+        QCOMPARE(colTexts(g, 0), QStringList({"颜色/尺码", "红色", "合计"}));
+        QCOMPARE(g->Cols(), 1);
+        tick(u->listSize, "M");
+        tick(u->listSize, "S");  // in the order of ticking, not of the list
+        QCOMPARE(rowTexts(g, 0), QStringList({"颜色/尺码", "M", "S", "合计"}));
+        QCOMPARE(g->ColIndex("S"), 2);
+        tick(u->listCoulor, "白色");
+        tick(u->listCoulor, "黑色");
+        QCOMPARE(colTexts(g, 0), QStringList({"颜色/尺码", "红色", "白色", "黑色", "合计"}));
+        QCOMPARE(g->ColAlignment(1), int(VSGrid::AlignCenterCenter));
+
+        tick(u->listCoulor, "白色", false);
+        QCOMPARE(colTexts(g, 0), QStringList({"颜色/尺码", "红色", "黑色", "合计"}));
+        tick(u->listCoulor, "红色", false);
+        tick(u->listCoulor, "黑色", false);
+        QCOMPARE(g->Rows(), 1);  // the total row went with the last colour
+        QCOMPARE(rowTexts(g, 0), QStringList({"颜色/尺码", "M", "S", "合计"}));
+        tick(u->listSize, "M", false);
+        tick(u->listSize, "S", false);
+        QCOMPARE(g->Cols(), 1);
+        QCOMPARE(g->TextMatrix(0, 0), QString("颜色/尺码"));
+    }
+
+    void cellRulesAndTotals() {
+        TestDb db;
+        frmbatchbuyIn w(nullptr);
+        auto* u = w.ui();
+        VSGrid* g = u->VSFlexGrid;
+        tick(u->listCoulor, "红色");
+        tick(u->listCoulor, "白色");
+        tick(u->listSize, "S");
+        tick(u->listSize, "M");
+        type(g, 1, 1, "3");
+        type(g, 1, 2, "2.5");
+        type(g, 2, 1, "4");
+        QCOMPARE(rowTexts(g, 1), QStringList({"红色", "3", "2.5", "5.5"}));
+        QCOMPARE(rowTexts(g, 2), QStringList({"白色", "4", "", "4"}));
+        QCOMPARE(rowTexts(g, 3), QStringList({"合计", "7", "2.5", "9.5"}));
+
+        // Zero, negative and words empty the cell; the sums stay as they were.
+        for (const char* bad : {"0", "-2", "abc"}) {
+            type(g, 1, 1, bad);
+            QCOMPARE(g->TextMatrix(1, 1), QString());
+            QCOMPARE(rowTexts(g, 3), QStringList({"合计", "7", "2.5", "9.5"}));
+        }
+        // The next tick brings them up to date.
+        tick(u->listCoulor, "黑色");
+        QCOMPARE(rowTexts(g, 1), QStringList({"红色", "", "2.5", "2.5"}));
+        QCOMPARE(rowTexts(g, 4), QStringList({"合计", "4", "2.5", "6.5"}));
+        QCOMPARE(rowTexts(g, 3), QStringList({"黑色", "", "", ""}));  // a zero sum shows empty
+
+        // The total row and the total column are not for typing.
+        bool refused = false;
+        auto c = connect(g, &VSGrid::BeforeEdit,
+                         [&](int, int, bool& cancel) { refused = refused || cancel; });
+        QTest::ignoreMessage(QtWarningMsg, "edit: editing failed");
+        g->edit(g->model()->index(3, 0));  // last row
+        QVERIFY(refused);
+        refused = false;
+        QTest::ignoreMessage(QtWarningMsg, "edit: editing failed");
+        g->edit(g->model()->index(0, 2));  // last column
+        QVERIFY(refused);
+        refused = false;
+        g->edit(g->model()->index(0, 0));
+        QVERIFY(!refused);
+        disconnect(c);
+    }
+
+    void removingAMiddleSizeShiftsTheLaterOnes() {
+        TestDb db;
+        frmbatchbuyIn w(nullptr);
+        auto* u = w.ui();
+        VSGrid* g = u->VSFlexGrid;
+        tick(u->listCoulor, "红色");
+        tick(u->listCoulor, "白色");
+        for (const char* s : {"S", "M", "L", "XL"}) tick(u->listSize, s);
+        type(g, 1, 1, "1");
+        type(g, 1, 2, "2");
+        type(g, 1, 3, "3");
+        type(g, 2, 3, "30");
+        type(g, 2, 4, "40");
+        tick(u->listSize, "M", false);
+        QCOMPARE(rowTexts(g, 0), QStringList({"颜色/尺码", "S", "L", "XL", "合计"}));
+        QCOMPARE(rowTexts(g, 1), QStringList({"红色", "1", "3", "", "4"}));
+        QCOMPARE(rowTexts(g, 2), QStringList({"白色", "", "30", "40", "70"}));
+        QCOMPARE(rowTexts(g, 3), QStringList({"合计", "1", "33", "40", "74"}));
+        QCOMPARE(g->ColIndex("L"), 2);
+        QCOMPARE(g->ColIndex("XL"), 3);
+        QCOMPARE(g->ColIndex("M"), -1);
+        // A size ticked again comes at the end, empty, before the total column.
+        tick(u->listSize, "M");
+        QCOMPARE(rowTexts(g, 2), QStringList({"白色", "", "30", "40", "", "70"}));
+        QCOMPARE(g->ColIndex("M"), 4);
+        // Removing the last colour keeps the size columns.
+        tick(u->listCoulor, "红色", false);
+        tick(u->listCoulor, "白色", false);
+        QCOMPARE(g->Rows(), 1);
+        QCOMPARE(g->Cols(), 6);
+    }
+
+    void addingAColourOrSize() {
+        TestDb db;
+        MsgRecorder rec;
+        frmbatchbuyIn w(nullptr);
+        auto* u = w.ui();
+        const int n = u->listSize->count();
+        u->txtSize->setText("5'XL");
+        QTest::keyClick(u->txtSize, Qt::Key_Return);
+        QCOMPARE(u->listSize->count(), n + 1);
+        QCOMPARE(u->listSize->item(n)->text(), QString("5'XL"));
+        QCOMPARE(u->listSize->item(n)->checkState(), Qt::Unchecked);
+        QCOMPARE(u->listSize->currentRow(), n);
+        QVERIFY(u->txtSize->text().isEmpty());
+        QCOMPARE(TestDb::Count("DataDictionary", "Item='尺码' And Content='5''XL'"), 1);
+        QCOMPARE(u->VSFlexGrid->Cols(), 1);  // not ticked
+        u->txtSize->setText("M");
+        QTest::keyClick(u->txtSize, Qt::Key_Return);
+        QTest::keyClick(u->txtColour, Qt::Key_Return);
+        QCOMPARE(rec.TakeTexts(), QStringList({"该内容已经存在！", "内容不能为空！"}));
+        QCOMPARE(u->txtSize->text(), QString("M"));
+        u->txtColour->setText("雾霾蓝");
+        QTest::keyClick(u->txtColour, Qt::Key_Return);
+        QCOMPARE(TestDb::Count("DataDictionary", "Item='颜色' And Content='雾霾蓝'"), 1);
+        CS_NO_LEFTOVER_BOXES(rec);
+    }
+
+    void storesCellByCellInOrder() {
+        TestDb db;
+        MsgRecorder rec;
+        frmBuyIn buyIn;
+        const int listed = buyIn.Grid()->Rows();
+        frmbatchbuyIn w(&buyIn);
+        auto* u = w.ui();
+        VSGrid* g = u->VSFlexGrid;
+        fillCommon(w);
+        tick(u->listCoulor, "红色");
+        tick(u->listCoulor, "白色");
+        tick(u->listSize, "L");
+        tick(u->listSize, "S");
+        type(g, 1, 1, "2");
+        type(g, 1, 2, "1,000");  // the strict conversion reads the comma
+        type(g, 2, 2, "1.5");
+        rec.Yes();
+        u->cmdInStore->click();
+        QCOMPARE(rec.TakeTexts(), QStringList({"确认要入库么？"}));
+
+        // Colour by colour, size by size: the layers' numbering shows the order.
+        Recordset rs = TestDb::Query(
+            "select s.Colour,s.[Size],s.Quantity,s.Price,b.Price as Cost,b.Quantity as Left,"
+            "s.IDCode,s.GoodsFloor,s.TypeNo,s.Name,b.sDate from BuyPrice b inner join Store s on "
+            "s.GUID=b.StoreGUID order by b.ID");
+        QStringList got;
+        for (; !rs.Eof(); rs.MoveNext())
+            got << QStringList({rs.Text(0), rs.Text(1), rs.Text(2), rs.Text(3), rs.Text(4),
+                                rs.Text(5), rs.Text(6), rs.Text(7), rs.Text(8), rs.Text(9),
+                                rs.Text(10)})
+                       .join('|');
+        QCOMPARE(got, QStringList({"红色|L|2|1|1000|2|6900|C3|B'77|外套|2026-05-02",
+                                   "红色|S|1000|1|1000|1000|6900|C3|B'77|外套|2026-05-02",
+                                   "白色|S|1.5|1|1000|1.5|6900|C3|B'77|外套|2026-05-02"}));
+        Recordset d = TestDb::Query(
+            "select d.Price,d.Quantity,d.Memo,d.DateTime,d.Colour from "
+            "StoreDetail d inner join Store s on s.GUID=d.ParentGUID "
+            "where s.[Size]='S' and s.Colour='白色'");
+        QCOMPARE(d.RecordCount(), 1);
+        QCOMPARE(d.Text("Price"), QString("1000"));
+        QCOMPARE(d.Text("Quantity"), QString("1.5"));
+        QCOMPARE(d.Text("Memo"), QString("冬款"));
+        QCOMPARE(d.Text("DateTime"), QString("2026-05-02"));
+
+        // The stock-in list shows each stored cell under its history row's key.
+        VSGrid* list = buyIn.Grid();
+        QCOMPARE(list->Rows(), listed + 3);
+        const int last = list->Rows() - 1;
+        QCOMPARE(list->Cell(last, "GUID"),
+                 TestDb::Scalar("select d.GUID from StoreDetail d inner join Store s on "
+                                "s.GUID=d.ParentGUID where s.Colour='白色'"));
+        QCOMPARE(list->Cell(last, "货号"), QString("B''77"));
+        QCOMPARE(list->Cell(last, "数量"), QString("1.5"));
+
+        // Then the window clears: colours go, sizes stay, the common fields stay.
+        QVERIFY(u->txtNo->text().isEmpty());
+        QCOMPARE(g->Rows(), 1);
+        QCOMPARE(rowTexts(g, 0), QStringList({"颜色/尺码", "L", "S", "合计"}));
+        QCOMPARE(u->comBrand->currentText(), QString("青木"));
+        QCOMPARE(u->txtPrice->text(), QString("1,000"));
+        QCOMPARE(u->listSize->findItems("L", Qt::MatchExactly)[0]->checkState(), Qt::Checked);
+        QCOMPARE(u->listCoulor->findItems("红色", Qt::MatchExactly)[0]->checkState(),
+                 Qt::Unchecked);
+
+        // The same article again: new goods rows beside the old, same bar code.
+        u->txtNo->setText("B'77");
+        tick(u->listCoulor, "红色");
+        type(g, 1, 1, "1");
+        rec.Yes();
+        u->cmdInStore->click();
+        rec.Take();
+        QCOMPARE(TestDb::Count("Store", "Colour='红色' And [Size]='L' And IDCode='6900'"), 2);
+        CS_NO_LEFTOVER_BOXES(rec);
+    }
+
+    void checksBeforeStoring() {
+        TestDb db;
+        MsgRecorder rec;
+        frmbatchbuyIn w(nullptr);
+        auto* u = w.ui();
+        fillCommon(w);
+        u->txtNo->clear();
+        u->cmdInStore->click();
+        u->txtNo->setText("B1");
+        u->comBrand->setEditText("");
+        u->cmdInStore->click();
+        u->comBrand->setEditText("青木");
+        u->txtPrice->setText("x");
+        u->cmdInStore->click();
+        u->txtPrice->setText("10");
+        u->txtSellPrice->setText("");
+        u->cmdInStore->click();
+        u->txtSellPrice->setText("20");
+        u->cmdInStore->click();  // no colour ticked
+        QCOMPARE(rec.TakeTexts(),
+                 QStringList({"产品货号不能为空！", "品牌不能为空！",
+                              "请正确填写进价,要确认是数字！", "请正确填写零售价,要确认是数字！",
+                              "尺码和颜色至少各选择一种，输入数量！"}));
+
+        // Colours without sizes: the question, then nothing at all.
+        tick(u->listCoulor, "红色");
+        rec.Yes();
+        u->cmdInStore->click();
+        QCOMPARE(rec.TakeTexts(), QStringList({"确认要入库么？"}));
+        QCOMPARE(TestDb::Count("Store"), 0);
+        QCOMPARE(u->VSFlexGrid->Rows(), 3);
+        QCOMPARE(u->txtNo->text(), QString("B1"));
+
+        // Ticked sizes but no quantities: nothing stored, and the window clears.
+        tick(u->listSize, "M");
+        rec.No();
+        u->cmdInStore->click();
+        QCOMPARE(u->VSFlexGrid->Rows(), 3);
+        rec.Yes();
+        u->cmdInStore->click();
+        QCOMPARE(rec.Take().size(), 2);
+        QCOMPARE(TestDb::Count("Store"), 0);
+        QCOMPARE(u->VSFlexGrid->Rows(), 1);
+        QVERIFY(u->txtNo->text().isEmpty());
+        CS_NO_LEFTOVER_BOXES(rec);
+    }
+
+    void aFailedStatementStopsTheRun() {
+        TestDb db;
+        MsgRecorder rec;
+        frmbatchbuyIn w(nullptr);
+        auto* u = w.ui();
+        VSGrid* g = u->VSFlexGrid;
+        fillCommon(w);
+        u->txtColour->setText("O'Neill蓝");
+        QTest::keyClick(u->txtColour, Qt::Key_Return);
+        tick(u->listCoulor, "红色");
+        tick(u->listCoulor, "O'Neill蓝");
+        tick(u->listCoulor, "白色");
+        tick(u->listSize, "M");
+        type(g, 1, 1, "1");
+        type(g, 2, 1, "2");
+        type(g, 3, 1, "3");
+        rec.Yes();
+        u->cmdInStore->click();
+        QCOMPARE(rec.Take().size(), 2);  // the question, the engine's text
+        // The cell before stays stored, the rest is not tried, nothing is cleared.
+        QCOMPARE(TestDb::Count("Store"), 1);
+        QCOMPARE(TestDb::Count("BuyPrice"), 1);
+        QCOMPARE(TestDb::Count("Store", "Colour='白色'"), 0);
+        QCOMPARE(u->txtNo->text(), QString("B'77"));
+        QCOMPARE(g->TextMatrix(2, 1), QString("2"));
+        CS_NO_LEFTOVER_BOXES(rec);
+    }
+
+    void clearKeepsTheSizes() {
+        TestDb db;
+        frmbatchbuyIn w(nullptr);
+        auto* u = w.ui();
+        VSGrid* g = u->VSFlexGrid;
+        tick(u->listSize, "S");
+        tick(u->listSize, "M");
+        tick(u->listCoulor, "红色");
+        type(g, 1, 1, "5");
+        u->txtNo->setText("X1");
+        u->cmdClear->click();
+        QCOMPARE(g->Rows(), 1);
+        QCOMPARE(rowTexts(g, 0), QStringList({"颜色/尺码", "S", "M", "合计"}));
+        QVERIFY(u->txtNo->text().isEmpty());
+        // A colour ticked afterwards starts empty.
+        tick(u->listCoulor, "红色");
+        QCOMPARE(rowTexts(g, 1), QStringList({"红色", "", "", ""}));
+    }
+
+    void aLargeMatrixAddsUp() {
+        TestDb db;
+        frmbatchbuyIn w(nullptr);
+        auto* u = w.ui();
+        VSGrid* g = u->VSFlexGrid;
+        for (int i = 0; i < 20; ++i) u->listCoulor->item(i)->setCheckState(Qt::Checked);
+        for (int i = 0; i < 15; ++i) u->listSize->item(i)->setCheckState(Qt::Checked);
+        QCOMPARE(g->Rows(), 22);
+        QCOMPARE(g->Cols(), 17);
+        for (int r = 1; r <= 20; ++r)
+            for (int c = 1; c <= 15; ++c) type(g, r, c, QString::number(r));
+        QCOMPARE(g->TextMatrix(21, 1), QString("210"));
+        QCOMPARE(g->TextMatrix(20, 16), QString("300"));
+        QCOMPARE(g->TextMatrix(21, 16), QString("3150"));
+        // A colour taken out of the middle drops its share of every total.
+        u->listCoulor->item(9)->setCheckState(Qt::Unchecked);  // row 10
+        QCOMPARE(g->TextMatrix(20, 1), QString("200"));
+        QCOMPARE(g->TextMatrix(20, 16), QString("3000"));
+    }
+};
+
+CS_TEST(TestBatch)
+#include "tst_batch.moc"
