@@ -68,6 +68,12 @@ Result Translate(const QString& jet) {
                 continue;
             }
         }
+        if (c == '-' && i + 1 < n && jet[i + 1] == '-') {
+            // Jet has no comments: "Quantity--2" subtracts a negative number.
+            out += QLatin1String("- ");
+            ++i;
+            continue;
+        }
         if (c == '[') {
             const int j = int(jet.indexOf(']', i + 1));
             if (j > i) {

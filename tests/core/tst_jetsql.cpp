@@ -34,6 +34,10 @@ private Q_SLOTS:
                  QString("Where IsBackFactory=-1 And x=0"));
         QCOMPARE(jet("select IsTrue, truest from t"), QString("select IsTrue, truest from t"));
     }
+    void doubleMinusIsNoComment() {
+        QCOMPARE(jet("Update Store Set Quantity=Quantity--2 Where GUID='a--b'"),
+                 QString("Update Store Set Quantity=Quantity- -2 Where GUID='a--b'"));
+    }
     void bracketedNames() {
         QCOMPARE(jet("Select * from [User] Where [No]='1'"),
                  QString("Select * from \"User\" Where \"No\"='1'"));
