@@ -1,5 +1,6 @@
 #include "frmbatchbuyIn.h"
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QListWidget>
 #include <vector>
@@ -108,7 +109,13 @@ frmbatchbuyIn::frmbatchbuyIn(frmBuyIn* buyIn, QWidget* parent)
     On(ui_->cmdClear, &QPushButton::clicked, this, [this] { cmdClear_Click(); });
 }
 
-frmbatchbuyIn::~frmbatchbuyIn() = default;
+frmbatchbuyIn::~frmbatchbuyIn() {
+    // Closing with a cell still being edited ends that edit while the window
+    // goes away: its handlers must not run any more by then.
+    QObject::disconnect(ui_->VSFlexGrid, nullptr, this, nullptr);
+    QObject::disconnect(ui_->listCoulor, nullptr, this, nullptr);
+    QObject::disconnect(ui_->listSize, nullptr, this, nullptr);
+}
 
 // A colour ticked becomes a row above the total row; unticked, its row goes,
 // and with the last colour the total row goes too.
@@ -268,6 +275,11 @@ void frmbatchbuyIn::AddToList(QLineEdit* box, QListWidget* list, const QString& 
 }
 
 void frmbatchbuyIn::cmdInStore_Click() {
+    // A quantity still being typed counts: its cell's edit ends first (the
+    // access key of the button does not take the focus from the cell).
+    VSGrid* g = ui_->VSFlexGrid;
+    if (QWidget* f = QApplication::focusWidget(); f && f != g && g->isAncestorOf(f))
+        f->clearFocus();
     if (ui_->txtNo->text().isEmpty()) {
         MsgBox::Info(QStringLiteral("产品货号不能为空！"));
         ui_->txtNo->setFocus();
@@ -288,7 +300,6 @@ void frmbatchbuyIn::cmdInStore_Click() {
         ui_->txtSellPrice->setFocus();
         return;
     }
-    VSGrid* g = ui_->VSFlexGrid;
     if (g->Rows() == 1) {
         MsgBox::Info(QStringLiteral("尺码和颜色至少各选择一种，输入数量！"));
         return;

@@ -1,6 +1,7 @@
 // Batch stock-in: the colour-by-size matrix, its totals, and storing it cell by cell.
 #include <QListWidget>
 #include <QTest>
+#include <memory>
 
 #include "MsgRecorder.h"
 #include "Session.h"
@@ -368,6 +369,36 @@ private Q_SLOTS:
         // A colour ticked afterwards starts empty.
         tick(u->listCoulor, "红色");
         QCOMPARE(rowTexts(g, 1), QStringList({"红色", "", "", ""}));
+    }
+
+    void aQuantityStillBeingTypedCounts() {
+        TestDb db;
+        MsgRecorder rec;
+        auto w = std::make_unique<frmbatchbuyIn>(nullptr);
+        auto* u = w->ui();
+        VSGrid* g = u->VSFlexGrid;
+        w->show();
+        QApplication::setActiveWindow(w.get());
+        QVERIFY(QTest::qWaitForWindowActive(w.get()));
+        fillCommon(*w);
+        tick(u->listCoulor, "红色");
+        tick(u->listSize, "M");
+        g->setFocus();
+        g->setCurrentIndex(g->model()->index(0, 0));
+        QTest::keyClicks(g, "4");
+        QVERIFY(QApplication::focusWidget() != g);  // the cell's editor is open
+        rec.Yes();
+        u->cmdInStore->click();  // as the button's access key does: the focus stays in the cell
+        rec.Take();
+        QCOMPARE(TestDb::Scalar("select Quantity from Store"), "4");
+        // Closing the window in the middle of an edit is harmless.
+        tick(u->listCoulor, "红色");
+        g->setFocus();
+        g->setCurrentIndex(g->model()->index(0, 0));
+        QTest::keyClicks(g, "5");
+        w.reset();
+        QCOMPARE(TestDb::Count("Store"), 1);
+        CS_NO_LEFTOVER_BOXES(rec);
     }
 
     void aLargeMatrixAddsUp() {
