@@ -1,0 +1,6 @@
+#include "DropDownCombo.h"
+
+void DropDownCombo::showPopup() {
+    Q_EMIT DropDown();
+    QComboBox::showPopup();
+}
