@@ -933,6 +933,19 @@ void VSGrid::keyPressEvent(QKeyEvent* e) {
         return;
     }
     if (!e->text().isEmpty()) Q_EMIT KeyPress(e->text());
+    // The current cell may stand in a hidden key column (a GUID in column 1):
+    // the view cannot step from there, so Up and Down move the row here.
+    if ((e->key() == Qt::Key_Up || e->key() == Qt::Key_Down) &&
+        !(e->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier)) && Row() >= 1 &&
+        ColHidden(Col())) {
+        const int r = Row() + (e->key() == Qt::Key_Up ? -1 : 1);
+        if (r >= 1 && r < Rows()) {
+            setRow(r);
+            scrollTo(currentIndex());
+        }
+        e->accept();
+        return;
+    }
     QTableView::keyPressEvent(e);
 }
 
