@@ -56,7 +56,7 @@ void QtTextPrinter::beginDoc() {
     doc->printer.setDocName(QStringLiteral("结帐单"));
     if (!doc->painter.begin(&doc->printer))
         throw RuntimeError(QStringLiteral("运行时错误 '482':\n\n打印机错误"));
-    doc->baseFont = doc->painter.font();  // the printer's default typeface
+    doc->baseFont = doc->painter.font();  // the default typeface on the printer
     doc_ = std::move(doc);
 }
 

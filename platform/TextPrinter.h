@@ -27,9 +27,10 @@ public:
     static std::unique_ptr<TextPrinter> SetCurrent(std::unique_ptr<TextPrinter> printer);
 };
 
-// The system's default printer through Qt's print support. Text is painted
-// line by line in the printer's default typeface; a new page starts when a
-// line would run past the foot of the page.
+// The system's default printer through Qt's print support (CUPS on Linux).
+// Text is painted line by line in the default typeface the painter takes on
+// the printer, at the size set; a new page starts when a line would run past
+// the foot of the page.
 class QtTextPrinter : public TextPrinter {
 public:
     QtTextPrinter();
