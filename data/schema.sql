@@ -352,7 +352,6 @@ END;
 
 -- Indexes for the lookups the windows make.
 CREATE INDEX Store_GUID ON Store (GUID);
-CREATE INDEX Store_Shop_Type ON Store (ShopNo, TypeNo);
 CREATE INDEX Store_TypeNo ON Store (TypeNo);
 CREATE INDEX Store_IDCode ON Store (IDCode);
 CREATE INDEX StoreDetail_GUID ON StoreDetail (GUID);

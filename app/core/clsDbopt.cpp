@@ -1,8 +1,11 @@
 #include "clsDbopt.h"
 
+#include <sqlite3.h>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
@@ -75,39 +78,83 @@ void clsDbopt::Close() {
     }
 }
 
+namespace {
+
+// The connection's own SQLite handle: statements are run on it directly, so
+// that reading a large result costs one value per cell and nothing more.
+sqlite3* handleOf(const QSqlDatabase& db) {
+    const QVariant v = db.driver()->handle();
+    if (v.isValid() && qstrcmp(v.typeName(), "sqlite3*") == 0)
+        return *static_cast<sqlite3* const*>(v.constData());
+    return nullptr;
+}
+
+QVariant columnValue(sqlite3_stmt* st, int c) {
+    switch (sqlite3_column_type(st, c)) {
+        case SQLITE_INTEGER:
+            return QVariant(qlonglong(sqlite3_column_int64(st, c)));
+        case SQLITE_FLOAT:
+            return QVariant(sqlite3_column_double(st, c));
+        case SQLITE_NULL:
+            return QVariant();
+        case SQLITE_BLOB:
+            return QVariant(QByteArray(static_cast<const char*>(sqlite3_column_blob(st, c)),
+                                       sqlite3_column_bytes(st, c)));
+        default:
+            return QVariant(
+                QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(st, c)),
+                                  sqlite3_column_bytes(st, c)));
+    }
+}
+
+struct Statement {
+    sqlite3_stmt* st = nullptr;
+    ~Statement() { sqlite3_finalize(st); }
+};
+
+}  // namespace
+
 Recordset clsDbopt::Excute(const QString& SQL, bool& IsErr) {
     IsErr = false;
     QString error;
-    if (!IsConnected()) {
+    sqlite3* h = IsConnected() ? handleOf(db_) : nullptr;
+    if (!h) {
         error = QStringLiteral("对象关闭时，不允许操作。");
     } else {
         const JetSql::Result t = JetSql::Translate(SQL);
         if (!t.error.isEmpty()) {
             error = t.error;
         } else {
-            QSqlQuery q(db_);
-            q.setForwardOnly(true);
-            if (q.exec(t.sql)) {
-                if (!q.isSelect()) return Recordset();
-                const QSqlRecord rec = q.record();
-                const int n = rec.count();
+            const QByteArray sql = t.sql.toUtf8();
+            Statement s;
+            const char* tail = nullptr;
+            if (sqlite3_prepare_v2(h, sql.constData(), int(sql.size()), &s.st, &tail) !=
+                SQLITE_OK) {
+                error = QString::fromUtf8(sqlite3_errmsg(h));
+            } else if (tail && !QByteArray(tail).trimmed().isEmpty()) {
+                error = QStringLiteral("在 SQL 语句结尾之后找到字符。");
+            } else if (!s.st) {
+                return Recordset();  // an empty text
+            } else {
+                const int n = sqlite3_column_count(s.st);
                 QStringList names;
                 names.reserve(n);
-                for (int i = 0; i < n; ++i) names << rec.fieldName(i);
+                for (int i = 0; i < n; ++i)
+                    names << QString::fromUtf8(sqlite3_column_name(s.st, i));
                 std::vector<Recordset::Row> rows;
-                while (q.next()) {
+                int rc;
+                while ((rc = sqlite3_step(s.st)) == SQLITE_ROW) {
                     Recordset::Row row(n);
-                    for (int i = 0; i < n; ++i) row[i] = q.value(i);
+                    for (int i = 0; i < n; ++i) row[i] = columnValue(s.st, i);
                     rows.push_back(std::move(row));
                 }
-                if (q.lastError().isValid() && q.lastError().type() != QSqlError::NoError) {
-                    error = q.lastError().databaseText();
+                if (rc != SQLITE_DONE) {
+                    error = QString::fromUtf8(sqlite3_errmsg(h));
+                } else if (n == 0) {
+                    return Recordset();  // Insert, Update, Delete: a closed result
                 } else {
                     return Recordset(std::move(names), std::move(rows));
                 }
-            } else {
-                error = q.lastError().databaseText();
-                if (error.isEmpty()) error = q.lastError().text();
             }
         }
     }
