@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QFileSystemModel>
 #include <QStorageInfo>
+#include <QTimer>
 
 #include "FileDialog.h"
 #include "MsgBox.h"
@@ -35,6 +36,14 @@ frmBackup::frmBackup(QWidget* parent)
     On(ui_->Drive, &QComboBox::currentIndexChanged, this, [this] { Drive_Change(); });
     On(ui_->Dir->selectionModel(), &QItemSelectionModel::currentChanged, this,
        [this] { Dir_Change(); });
+    // Folders are read and sorted in the background: for a moment after the
+    // list moves to a folder, keep that folder in sight while the rows settle.
+    auto follow = [this] {
+        if (moved_.isValid() && moved_.elapsed() < 1500)
+            QTimer::singleShot(0, this, [this] { keepCurrentInSight(); });
+    };
+    connect(dirs_, &QAbstractItemModel::rowsInserted, this, follow);
+    connect(dirs_, &QAbstractItemModel::layoutChanged, this, follow);
     On(ui_->cmdBrowse, &QPushButton::clicked, this, [this] { cmdBrowse_Click(); });
     On(ui_->cmdSave, &QPushButton::clicked, this, [this] { cmdSave_Click(); });
     setDirPath(start);
@@ -51,6 +60,13 @@ frmBackup::frmBackup(QWidget* parent)
 }
 
 frmBackup::~frmBackup() = default;
+
+void frmBackup::showEvent(QShowEvent* e) {
+    Form::showEvent(e);
+    // The chosen folder in sight once the list has its size.
+    moved_.start();
+    QTimer::singleShot(0, this, [this] { keepCurrentInSight(); });
+}
 
 void frmBackup::LoadDrives() {
     // The root, the mounted media and data volumes, and the home folder.
@@ -92,10 +108,17 @@ bool frmBackup::setDirPath(const QString& path) {
     if (path.isEmpty() || !QFileInfo(path).isDir()) return false;
     const QModelIndex i = dirs_->index(QDir::cleanPath(path));
     if (!i.isValid()) return false;
+    for (QModelIndex p = i.parent(); p.isValid(); p = p.parent()) ui_->Dir->expand(p);
     ui_->Dir->setCurrentIndex(i);
     ui_->Dir->expand(i);
     ui_->Dir->scrollTo(i);
+    moved_.start();
     return true;
+}
+
+void frmBackup::keepCurrentInSight() {
+    if (ui_->Dir->currentIndex().isValid())
+        ui_->Dir->scrollTo(ui_->Dir->currentIndex(), QAbstractItemView::PositionAtCenter);
 }
 
 bool frmBackup::setDrivePath(const QString& path) {

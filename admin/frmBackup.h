@@ -1,6 +1,7 @@
 #pragma once
 // Where the copy of the data file taken when the system closes goes, and
 // whether it is taken at all (the one row of FileSave).
+#include <QElapsedTimer>
 #include <QMap>
 #include <memory>
 
@@ -28,6 +29,9 @@ public:
     // Selects a drive by its path; false when the list has no such drive.
     bool setDrivePath(const QString& path);
 
+protected:
+    void showEvent(QShowEvent* e) override;
+
 private:
     void LoadDrives();
     void Drive_Change();
@@ -36,9 +40,11 @@ private:
     void cmdSave_Click();
     // The drive that holds a path: the longest drive path in front of it.
     QString DriveOf(const QString& path) const;
+    void keepCurrentInSight();
 
     std::unique_ptr<Ui::frmBackup> ui_;
     QFileSystemModel* dirs_;
     // Each drive's current folder, as Dir last showed it.
     QMap<QString, QString> current_;
+    QElapsedTimer moved_;  // since Dir last moved to a folder
 };
