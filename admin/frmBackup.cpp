@@ -52,8 +52,10 @@ frmBackup::frmBackup(QWidget* parent)
     bool isErr = false;
     Recordset rs = Session::Dbopt().Excute(QStringLiteral("Select * from FileSave"), isErr);
     if (isErr || rs.Eof()) return;
+    loading_ = true;
     setDirPath(rs.Text("dir"));
     setDrivePath(rs.Text("Drive"));
+    loading_ = false;
     ui_->txtFileName->setText(rs.Text("FileName"));
     ui_->txtFilePath->setText(rs.Text("dirpath"));
     ui_->IsSave->setChecked(!rs.IsNull("isSave") && rs.Text("isSave") != QLatin1String("0"));
@@ -132,7 +134,7 @@ void frmBackup::Drive_Change() {
     // Dir moves to the drive's current folder: where it last was on that
     // drive, else the drive's top.
     const QString drive = DrivePath();
-    if (!setDirPath(current_.value(drive, drive)))
+    if (!setDirPath(current_.value(drive, drive)) && !loading_)
         throw RuntimeError(QStringLiteral("运行时错误 '68':\n\n设备不可用"));
 }
 

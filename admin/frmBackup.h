@@ -46,5 +46,6 @@ private:
     QFileSystemModel* dirs_;
     // Each drive's current folder, as Dir last showed it.
     QMap<QString, QString> current_;
-    QElapsedTimer moved_;  // since Dir last moved to a folder
+    QElapsedTimer moved_;   // since Dir last moved to a folder
+    bool loading_ = false;  // the saved setting goes in past any error
 };
