@@ -3,6 +3,7 @@
 #include <QIcon>
 
 #include "QtMsgBox.h"
+#include "Session.h"
 #include "Startup.h"
 #include "Wiring.h"
 
@@ -12,6 +13,9 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("applications-office")));
     QtMsgBox::Install();
     RegisterAllWindows();
-    if (!Startup::Main()) return 0;
-    return app.exec();
+    int rc = 0;
+    if (Startup::Main()) rc = app.exec();
+    // The connection goes before the application object does.
+    Session::ReleaseDb();
+    return rc;
 }
