@@ -102,9 +102,11 @@ void frmSellRole::SaveRules() {
         ",IsPrint=" + n.arg(Checked(ui_->chkIsPrint)) + ",PrinterType=" + n.arg(printerType) +
         " Where ShopNo='" + Session::SellRole().ShopNo + "'");
 
-    // The session's copy, member by member; the day counts are converted
-    // strictly here, so an empty or too large count stops with an error after
-    // the row was written.
+    // The session's copy, member by member. The day counts are converted
+    // strictly first, so an empty or too large count stops with an error after
+    // the row was written and leaves the session's rules as they were.
+    const int16_t backDays = Convert::CInt(ui_->txtBackdays->text());
+    const int16_t changeDays = Convert::CInt(ui_->txtChangeDays->text());
     clsSellRole& r = Session::SellRole();
     auto set = [](const QCheckBox* box) { return box->checkState() != Qt::Unchecked; };
     r.SellOrder = sellOrder;
@@ -112,8 +114,8 @@ void frmSellRole::SaveRules() {
     r.AbateCanNotChange = set(ui_->chkChangeAbate);
     r.SpecialCanNotBack = set(ui_->chkBackSpecial);
     r.SpecialCanNotChange = set(ui_->chkChangeSpecial);
-    r.BackDays = Convert::CInt(ui_->txtBackdays->text());
-    r.ChangeDays = Convert::CInt(ui_->txtChangeDays->text());
+    r.BackDays = backDays;
+    r.ChangeDays = changeDays;
     r.SameTypeChange = set(ui_->chkSameType);
     r.DearGoodsChange = set(ui_->chkHightPrice);
     r.ChangeOneTime = set(ui_->chkIsMany);
