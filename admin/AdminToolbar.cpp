@@ -1,31 +1,9 @@
 #include "AdminToolbar.h"
 
 #include <QAction>
-#include <QIcon>
-#include <QPainter>
 #include <QToolBar>
 
-namespace {
-
-// The caption's first character on a coloured tile.
-QIcon paintedIcon(const QString& caption, const QColor& colour) {
-    QPixmap pm(24, 24);
-    pm.fill(Qt::transparent);
-    QPainter p(&pm);
-    p.setRenderHint(QPainter::Antialiasing);
-    p.setBrush(colour);
-    p.setPen(Qt::NoPen);
-    p.drawRoundedRect(QRectF(1, 1, 22, 22), 5, 5);
-    p.setPen(Qt::white);
-    QFont f = p.font();
-    f.setPixelSize(14);
-    f.setBold(true);
-    p.setFont(f);
-    p.drawText(pm.rect(), Qt::AlignCenter, caption.simplified().remove(' ').left(1));
-    return QIcon(pm);
-}
-
-}  // namespace
+#include "Icons.h"
 
 namespace AdminToolbar {
 
@@ -43,8 +21,8 @@ void SetIcons(QToolBar* bar) {
     for (QAction* a : bar->actions()) {
         for (const Def& d : defs) {
             if (a->objectName() != QLatin1String(d.key)) continue;
-            a->setIcon(QIcon::fromTheme(QString::fromLatin1(d.theme),
-                                        paintedIcon(a->text(), QColor(d.colour))));
+            a->setIcon(
+                Icons::Themed(QString::fromLatin1(d.theme), a->text(), QColor(d.colour), 24));
         }
     }
 }

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 
+#include "ModMain.h"
 #include "Modal.h"
 #include "MsgBox.h"
 #include "On.h"
@@ -23,6 +24,14 @@ void frmDataDictionary::ShowFor(const QString& Item, QWidget* parent) {
     frmDataDictionary f(parent);
     f.LoadIt(Item);
     Modal::Show(&f);
+}
+
+void frmDataDictionary::AttachButton(QAbstractButton* button, const QString& Item, QComboBox* combo,
+                                     QWidget* owner) {
+    On(button, &QAbstractButton::clicked, owner, [Item, combo, owner] {
+        ShowFor(Item, owner);
+        FillCombo(Item, combo);
+    });
 }
 
 void frmDataDictionary::LoadIt(const QString& Item) {

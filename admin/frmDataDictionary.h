@@ -4,6 +4,9 @@
 
 #include "Form.h"
 
+class QAbstractButton;
+class QComboBox;
+
 namespace Ui {
 class frmDataDictionary;
 }
@@ -20,6 +23,10 @@ public:
 
     // Opens the window on a list modally (the "…" buttons beside the combo boxes).
     static void ShowFor(const QString& Item, QWidget* parent);
+    // Makes a small "…" button beside a combo box open the list and fill the
+    // combo again when the list window closes.
+    static void AttachButton(QAbstractButton* button, const QString& Item, QComboBox* combo,
+                             QWidget* owner);
 
     Ui::frmDataDictionary* ui() { return ui_.get(); }
 

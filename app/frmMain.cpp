@@ -9,6 +9,7 @@
 #include "Commands.h"
 #include "ExternalTools.h"
 #include "Guard.h"
+#include "Icons.h"
 #include "Modal.h"
 #include "MsgBox.h"
 #include "Session.h"
@@ -41,27 +42,6 @@ const ToolDef kTools[] = {
     {"Note", "记事本", "accessories-text-editor"},
     {"Exit", "退 出", "application-exit"},
 };
-
-// A plain painted icon for when the desktop's theme has none: the caption's
-// first character on a coloured tile.
-QIcon fallbackIcon(const QString& caption, int index) {
-    static const QColor colours[] = {"#2e75b6", "#c55a11", "#548235", "#7030a0",
-                                     "#bf9000", "#1f4e79", "#843c0c", "#375623"};
-    QPixmap pm(32, 32);
-    pm.fill(Qt::transparent);
-    QPainter p(&pm);
-    p.setRenderHint(QPainter::Antialiasing);
-    p.setBrush(colours[index % 8]);
-    p.setPen(Qt::NoPen);
-    p.drawRoundedRect(QRectF(1, 1, 30, 30), 6, 6);
-    p.setPen(Qt::white);
-    QFont f = p.font();
-    f.setPixelSize(18);
-    f.setBold(true);
-    p.setFont(f);
-    p.drawText(pm.rect(), Qt::AlignCenter, QString(caption.simplified().remove(' ').left(1)));
-    return QIcon(pm);
-}
 
 // The gated menu items with their rights, in the order they are set.
 const std::pair<const char*, const char*> kMenuRights[] = {
@@ -162,7 +142,9 @@ void frmMain::buildToolbar() {
         const QString caption = QString::fromUtf8(t.caption);
         auto* a = new QAction(caption, ui_->Toolbar);
         a->setObjectName(QString::fromLatin1(t.key));
-        a->setIcon(QIcon::fromTheme(QString::fromLatin1(t.icon), fallbackIcon(caption, i++)));
+        static const QColor colours[] = {"#2e75b6", "#c55a11", "#548235", "#7030a0",
+                                         "#bf9000", "#1f4e79", "#843c0c", "#375623"};
+        a->setIcon(Icons::Themed(QString::fromLatin1(t.icon), caption, colours[i++ % 8]));
         const QString key = a->objectName();
         connect(a, &QAction::triggered, this, [this, key] { RunCommand(key); });
         ui_->Toolbar->addAction(a);

@@ -26,10 +26,7 @@ frmBlankout::frmBlankout(QWidget* parent) : Form(parent), ui_(std::make_unique<U
                if (ui_->VSFlexGrid->Row() >= 1) ui_->comResion->setFocus();
            }
        });
-    On(ui_->cmdLeather, &QPushButton::clicked, this, [this] {
-        frmDataDictionary::ShowFor(kResion, this);
-        FillCombo(kResion, ui_->comResion);
-    });
+    frmDataDictionary::AttachButton(ui_->cmdLeather, kResion, ui_->comResion, this);
     On(ui_->cmdOk, &QPushButton::clicked, this, [this] { cmdOk_Click(); });
 
     Guard::Run([this] {

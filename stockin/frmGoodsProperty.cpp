@@ -32,14 +32,8 @@ frmGoodsProperty::frmGoodsProperty(frmBuyIn* buyIn, QWidget* parent)
         {ui_->cmdGrade, "等级", ui_->comGrade},
         {ui_->cmdSize, "尺码", ui_->comSize},
     };
-    for (const auto& l : lookups) {
-        const QString item = QString::fromUtf8(l.item);
-        QComboBox* combo = l.combo;
-        On(l.button, &QPushButton::clicked, this, [this, item, combo] {
-            frmDataDictionary::ShowFor(item, this);
-            FillCombo(item, combo);
-        });
-    }
+    for (const auto& l : lookups)
+        frmDataDictionary::AttachButton(l.button, QString::fromUtf8(l.item), l.combo, this);
     On(ui_->cmdPutIn, &QPushButton::clicked, this, [this] { cmdPutIn_Click(); });
     On(ui_->cmdClear, &QPushButton::clicked, this, [this] { cmdClear_Click(); });
 

@@ -61,14 +61,8 @@ frmbatchbuyIn::frmbatchbuyIn(frmBuyIn* buyIn, QWidget* parent)
         {ui_->cmdLeather, "面料", ui_->comLeather},
         {ui_->cmdGrade, "等级", ui_->comGrade},
     };
-    for (const auto& l : lookups) {
-        const QString item = QString::fromUtf8(l.item);
-        QComboBox* combo = l.combo;
-        On(l.button, &QPushButton::clicked, this, [this, item, combo] {
-            frmDataDictionary::ShowFor(item, this);
-            FillCombo(item, combo);
-        });
-    }
+    for (const auto& l : lookups)
+        frmDataDictionary::AttachButton(l.button, QString::fromUtf8(l.item), l.combo, this);
 
     for (QWidget* w : std::initializer_list<QWidget*>{
              ui_->txtBlock, ui_->txtFloor, ui_->txtMemo, ui_->txtNo, ui_->txtPrice,

@@ -38,14 +38,8 @@ frmedit::frmedit(QWidget* parent) : Form(parent), ui_(std::make_unique<Ui::frmed
         {ui_->cmdGrade, "等级", ui_->comGrade},
         {ui_->cmdSize, "尺码", ui_->comSize},
     };
-    for (const auto& l : lookups) {
-        const QString item = QString::fromUtf8(l.item);
-        QComboBox* combo = l.combo;
-        On(l.button, &QPushButton::clicked, this, [this, item, combo] {
-            frmDataDictionary::ShowFor(item, this);
-            FillCombo(item, combo);
-        });
-    }
+    for (const auto& l : lookups)
+        frmDataDictionary::AttachButton(l.button, QString::fromUtf8(l.item), l.combo, this);
     On(ui_->cmdOk, &QPushButton::clicked, this, [this] { cmdOk_Click(); });
     for (QWidget* w : std::initializer_list<QWidget*>{
              ui_->txtNo, ui_->comName, ui_->comBrand, ui_->comSize, ui_->comColour, ui_->comLeather,
