@@ -2,139 +2,140 @@
 -- Text columns are TEXT, amounts and quantities NUMERIC (a quoted '5' is stored
 -- as the number 5), dates TEXT in the form yyyy-MM-dd, yes/no columns INTEGER
 -- kept at -1 for yes and 0 for no by the triggers below, whatever was written.
+-- Text compares without regard to case, as the shop's statements expect.
 
 CREATE TABLE [Store] (
-    [GUID] TEXT,
-    [ShopNo] TEXT,
-    [TypeNo] TEXT,
-    [Name] TEXT,
-    [Brand] TEXT,
-    [Size] TEXT,
-    [Colour] TEXT,
-    [Leather] TEXT,
-    [Grade] TEXT,
-    [ProductPlace] TEXT,
+    [GUID] TEXT COLLATE NOCASE,
+    [ShopNo] TEXT COLLATE NOCASE,
+    [TypeNo] TEXT COLLATE NOCASE,
+    [Name] TEXT COLLATE NOCASE,
+    [Brand] TEXT COLLATE NOCASE,
+    [Size] TEXT COLLATE NOCASE,
+    [Colour] TEXT COLLATE NOCASE,
+    [Leather] TEXT COLLATE NOCASE,
+    [Grade] TEXT COLLATE NOCASE,
+    [ProductPlace] TEXT COLLATE NOCASE,
     [Quantity] NUMERIC,
     [Price] NUMERIC,
-    [IDCode] TEXT,
-    [GoodsFloor] TEXT
+    [IDCode] TEXT COLLATE NOCASE,
+    [GoodsFloor] TEXT COLLATE NOCASE
 );
 
 CREATE TABLE [StoreDetail] (
-    [GUID] TEXT,
-    [ParentGUID] TEXT,
-    [ShopNo] TEXT,
-    [TypeNo] TEXT,
-    [Name] TEXT,
-    [Brand] TEXT,
-    [Size] TEXT,
-    [Colour] TEXT,
-    [Leather] TEXT,
-    [Grade] TEXT,
+    [GUID] TEXT COLLATE NOCASE,
+    [ParentGUID] TEXT COLLATE NOCASE,
+    [ShopNo] TEXT COLLATE NOCASE,
+    [TypeNo] TEXT COLLATE NOCASE,
+    [Name] TEXT COLLATE NOCASE,
+    [Brand] TEXT COLLATE NOCASE,
+    [Size] TEXT COLLATE NOCASE,
+    [Colour] TEXT COLLATE NOCASE,
+    [Leather] TEXT COLLATE NOCASE,
+    [Grade] TEXT COLLATE NOCASE,
     [Price] NUMERIC,
     [Quantity] NUMERIC,
-    [ProductPlace] TEXT,
-    [Memo] TEXT,
-    [DateTime] TEXT
+    [ProductPlace] TEXT COLLATE NOCASE,
+    [Memo] TEXT COLLATE NOCASE,
+    [DateTime] TEXT COLLATE NOCASE
 );
 
 CREATE TABLE [BuyPrice] (
     [ID] INTEGER PRIMARY KEY AUTOINCREMENT,
-    [StoreGUID] TEXT,
+    [StoreGUID] TEXT COLLATE NOCASE,
     [Price] NUMERIC,
     [Quantity] NUMERIC,
-    [sDate] TEXT,
-    [ShopNo] TEXT
+    [sDate] TEXT COLLATE NOCASE,
+    [ShopNo] TEXT COLLATE NOCASE
 );
 
 CREATE TABLE [Sell] (
-    [GUID] TEXT,
-    [StoreGUID] TEXT,
-    [ShopNo] TEXT,
-    [TypeNo] TEXT,
-    [Name] TEXT,
-    [Brand] TEXT,
-    [Size] TEXT,
-    [Colour] TEXT,
-    [Leather] TEXT,
-    [Grade] TEXT,
-    [ProductPlace] TEXT,
+    [GUID] TEXT COLLATE NOCASE,
+    [StoreGUID] TEXT COLLATE NOCASE,
+    [ShopNo] TEXT COLLATE NOCASE,
+    [TypeNo] TEXT COLLATE NOCASE,
+    [Name] TEXT COLLATE NOCASE,
+    [Brand] TEXT COLLATE NOCASE,
+    [Size] TEXT COLLATE NOCASE,
+    [Colour] TEXT COLLATE NOCASE,
+    [Leather] TEXT COLLATE NOCASE,
+    [Grade] TEXT COLLATE NOCASE,
+    [ProductPlace] TEXT COLLATE NOCASE,
     [Quantity] NUMERIC,
     [Price] NUMERIC,
-    [Abate] TEXT,
+    [Abate] TEXT COLLATE NOCASE,
     [Amount] NUMERIC,
     [BuyPrice] NUMERIC,
-    [Seller] TEXT,
-    [DateTime] TEXT,
-    [SellNo] TEXT,
+    [Seller] TEXT COLLATE NOCASE,
+    [DateTime] TEXT COLLATE NOCASE,
+    [SellNo] TEXT COLLATE NOCASE,
     [BuyPriceID] NUMERIC,
-    [SellerName] TEXT,
+    [SellerName] TEXT COLLATE NOCASE,
     [State] NUMERIC,
     [Money1] NUMERIC,
     [Money2] NUMERIC
 );
 
 CREATE TABLE [SellChange] (
-    [GUID] TEXT,
-    [StoreGUID] TEXT,
-    [ShopNo] TEXT,
-    [TypeNo] TEXT,
-    [Name] TEXT,
-    [Brand] TEXT,
-    [Size] TEXT,
-    [Colour] TEXT,
-    [Leather] TEXT,
-    [Grade] TEXT,
-    [ProductPlace] TEXT,
+    [GUID] TEXT COLLATE NOCASE,
+    [StoreGUID] TEXT COLLATE NOCASE,
+    [ShopNo] TEXT COLLATE NOCASE,
+    [TypeNo] TEXT COLLATE NOCASE,
+    [Name] TEXT COLLATE NOCASE,
+    [Brand] TEXT COLLATE NOCASE,
+    [Size] TEXT COLLATE NOCASE,
+    [Colour] TEXT COLLATE NOCASE,
+    [Leather] TEXT COLLATE NOCASE,
+    [Grade] TEXT COLLATE NOCASE,
+    [ProductPlace] TEXT COLLATE NOCASE,
     [Quantity] NUMERIC,
     [Price] NUMERIC,
-    [Abate] TEXT,
+    [Abate] TEXT COLLATE NOCASE,
     [Amount] NUMERIC,
     [BuyPrice] NUMERIC,
-    [Seller] TEXT,
-    [DateTime] TEXT,
+    [Seller] TEXT COLLATE NOCASE,
+    [DateTime] TEXT COLLATE NOCASE,
     [BuyPriceID] NUMERIC,
-    [SellerName] TEXT,
+    [SellerName] TEXT COLLATE NOCASE,
     [AddAmount] NUMERIC,
-    [SellGUID] TEXT,
-    [SellNo] TEXT,
-    [ChangeDate] TEXT,
+    [SellGUID] TEXT COLLATE NOCASE,
+    [SellNo] TEXT COLLATE NOCASE,
+    [ChangeDate] TEXT COLLATE NOCASE,
     [State] NUMERIC,
-    [Resion] TEXT
+    [Resion] TEXT COLLATE NOCASE
 );
 
 CREATE TABLE [BackStore] (
     [ID] INTEGER PRIMARY KEY AUTOINCREMENT,
-    [GUID] TEXT,
-    [ShopNo] TEXT,
-    [TypeNo] TEXT,
-    [Name] TEXT,
-    [Brand] TEXT,
-    [Size] TEXT,
-    [Colour] TEXT,
-    [Leather] TEXT,
-    [Grade] TEXT,
-    [ProductPlace] TEXT,
+    [GUID] TEXT COLLATE NOCASE,
+    [ShopNo] TEXT COLLATE NOCASE,
+    [TypeNo] TEXT COLLATE NOCASE,
+    [Name] TEXT COLLATE NOCASE,
+    [Brand] TEXT COLLATE NOCASE,
+    [Size] TEXT COLLATE NOCASE,
+    [Colour] TEXT COLLATE NOCASE,
+    [Leather] TEXT COLLATE NOCASE,
+    [Grade] TEXT COLLATE NOCASE,
+    [ProductPlace] TEXT COLLATE NOCASE,
     [Quantity] NUMERIC,
     [BuyPrice] NUMERIC,
-    [BackResion] TEXT,
-    [Seller] TEXT,
-    [SellName] TEXT,
+    [BackResion] TEXT COLLATE NOCASE,
+    [Seller] TEXT COLLATE NOCASE,
+    [SellName] TEXT COLLATE NOCASE,
     [IsBackFactory] INTEGER,
-    [BackFactoryDate] TEXT
+    [BackFactoryDate] TEXT COLLATE NOCASE
 );
 
 CREATE TABLE [FactoryBackTotal] (
-    [DateTime] TEXT,
-    [Seller] TEXT,
-    [SellerNo] TEXT,
+    [DateTime] TEXT COLLATE NOCASE,
+    [Seller] TEXT COLLATE NOCASE,
+    [SellerNo] TEXT COLLATE NOCASE,
     [Quantity] NUMERIC,
     [Amount] NUMERIC,
-    [ShopNo] TEXT
+    [ShopNo] TEXT COLLATE NOCASE
 );
 
 CREATE TABLE [DayAmount] (
-    [GUID] TEXT,
+    [GUID] TEXT COLLATE NOCASE,
     [SellQuantity] NUMERIC,
     [SellAmount] NUMERIC,
     [BackQuantity] NUMERIC,
@@ -142,25 +143,25 @@ CREATE TABLE [DayAmount] (
     [ChangeQuantity] NUMERIC,
     [ChangeAmount] NUMERIC,
     [ReciveAmount] NUMERIC,
-    [Seller] TEXT,
-    [DateTime] TEXT,
-    [ShopNo] TEXT,
-    [ShopName] TEXT
+    [Seller] TEXT COLLATE NOCASE,
+    [DateTime] TEXT COLLATE NOCASE,
+    [ShopNo] TEXT COLLATE NOCASE,
+    [ShopName] TEXT COLLATE NOCASE
 );
 
 CREATE TABLE [OtherOut] (
-    [GUID] TEXT,
-    [ShopNo] TEXT,
-    [ShopName] TEXT,
-    [Item] TEXT,
+    [GUID] TEXT COLLATE NOCASE,
+    [ShopNo] TEXT COLLATE NOCASE,
+    [ShopName] TEXT COLLATE NOCASE,
+    [Item] TEXT COLLATE NOCASE,
     [Amount] NUMERIC,
-    [DateTime] TEXT,
-    [Memo] TEXT,
-    [OptName] TEXT
+    [DateTime] TEXT COLLATE NOCASE,
+    [Memo] TEXT COLLATE NOCASE,
+    [OptName] TEXT COLLATE NOCASE
 );
 
 CREATE TABLE [SellRole] (
-    [ShopNo] TEXT,
+    [ShopNo] TEXT COLLATE NOCASE,
     [SellOrder] NUMERIC,
     [BackDays] NUMERIC,
     [AbateCannotBack] INTEGER,
@@ -177,18 +178,18 @@ CREATE TABLE [SellRole] (
 );
 
 CREATE TABLE [DataDictionary] (
-    [Item] TEXT,
-    [Content] TEXT
+    [Item] TEXT COLLATE NOCASE,
+    [Content] TEXT COLLATE NOCASE
 );
 
 CREATE TABLE [Shop] (
-    [GUID] TEXT,
-    [ShopName] TEXT
+    [GUID] TEXT COLLATE NOCASE,
+    [ShopName] TEXT COLLATE NOCASE
 );
 
 CREATE TABLE [Role] (
-    [GUID] TEXT,
-    [Name] TEXT,
+    [GUID] TEXT COLLATE NOCASE,
+    [Name] TEXT COLLATE NOCASE,
     [AllList] INTEGER,
     [Data] INTEGER,
     [UserManage] INTEGER,
@@ -218,19 +219,19 @@ CREATE TABLE [Role] (
 );
 
 CREATE TABLE [User] (
-    [GUID] TEXT,
-    [No] TEXT,
-    [Name] TEXT,
-    [pwd] TEXT,
-    [RoleGUID] TEXT,
-    [RoleName] TEXT
+    [GUID] TEXT COLLATE NOCASE,
+    [No] TEXT COLLATE NOCASE,
+    [Name] TEXT COLLATE NOCASE,
+    [pwd] TEXT COLLATE NOCASE,
+    [RoleGUID] TEXT COLLATE NOCASE,
+    [RoleName] TEXT COLLATE NOCASE
 );
 
 CREATE TABLE [FileSave] (
-    [dirpath] TEXT,
-    [Drive] TEXT,
-    [Dir] TEXT,
-    [FileName] TEXT,
+    [dirpath] TEXT COLLATE NOCASE,
+    [Drive] TEXT COLLATE NOCASE,
+    [Dir] TEXT COLLATE NOCASE,
+    [FileName] TEXT COLLATE NOCASE,
     [isSave] INTEGER
 );
 

@@ -46,7 +46,7 @@ private Q_SLOTS:
         frmDataDictionary g;
         g.LoadIt("产地");
         add(g, "abc");
-        QCOMPARE(TestDb::Count("DataDictionary", "Content='abc'"), 2);
+        QCOMPARE(TestDb::Count("DataDictionary", "Item='产地' and Content='abc'"), 1);
         CS_NO_LEFTOVER_BOXES(rec);
     }
 

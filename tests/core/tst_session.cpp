@@ -19,6 +19,9 @@ private Q_SLOTS:
         QVERIFY(u.Role && u.Role->ReStart && u.Role->AllList && u.Role->OtherOurQuery);
         QCOMPARE(u.Role->GUID, kAdminRole);
         QVERIFY(!u.LoginTime.isEmpty());
+        // Text compares without regard to case, the number kept as typed.
+        QVERIFY(u.Initial("ADMIN"));
+        QCOMPARE(u.No, QString("ADMIN"));
     }
 
     void unknownUserKeepsTheFormerOne() {
