@@ -21,10 +21,10 @@ namespace {
 void fill(const QString& Item, QComboBox* combo, bool all) {
     combo->clear();
     if (all) combo->addItem(QStringLiteral("全部"));
-    bool isErr = false;
-    Recordset rs = Session::Dbopt().Excute(
-        "select Content from Datadictionary Where item='" + Item + "'", isErr);
-    if (isErr || rs.Eof()) {
+    // The flag is not looked at: a failed read raises its error at the first read.
+    Recordset rs =
+        Session::Dbopt().Excute("select Content from Datadictionary Where item='" + Item + "'");
+    if (rs.Eof()) {
         combo->setCurrentIndex(-1);
         if (!combo->isEditable()) return;
         combo->setEditText(QString());

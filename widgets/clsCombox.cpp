@@ -5,8 +5,9 @@
 void clsCombox::Initial(QComboBox* cmb, const QString& NoValues, const QString& CaptionValues,
                         const QString& FiledFirst) {
     cmb_ = cmb;
-    const QStringList nos = NoValues.split(',');
-    const QStringList caps = CaptionValues.split(',');
+    // An empty text is an empty list.
+    const QStringList nos = NoValues.isEmpty() ? QStringList() : NoValues.split(',');
+    const QStringList caps = CaptionValues.isEmpty() ? QStringList() : CaptionValues.split(',');
     values_.clear();
     int offset = 0;
     if (!FiledFirst.isEmpty()) {
@@ -15,8 +16,7 @@ void clsCombox::Initial(QComboBox* cmb, const QString& NoValues, const QString& 
         offset = 1;
     }
     Q_UNUSED(offset);
-    if (nos.size() != caps.size()) return;
-    if (NoValues.isEmpty() && CaptionValues.isEmpty()) return;
+    if (nos.size() != caps.size() || nos.isEmpty()) return;
     for (int i = 0; i < nos.size(); ++i) {
         cmb_->addItem(caps[i]);
         values_ << nos[i];

@@ -84,6 +84,8 @@ private Q_SLOTS:
         clsCombox c3;
         c3.Initial(&box3, "", "", "");
         QCOMPARE(box3.count(), 0);
+        c3.Initial(&box3, "", "店长", "");  // an empty text is an empty list: lengths differ
+        QCOMPARE(box3.count(), 0);
         QCOMPARE(c3.No(), QString());
     }
 
