@@ -1,7 +1,9 @@
 #include "frmMain.h"
 
 #include <QCloseEvent>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QIcon>
 #include <QPainter>
 #include <QToolBar>
@@ -114,7 +116,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui_(std::make_unique<Ui
         if (dataItems.contains(a)) {
             const QString item = a->text();
             connect(a, &QAction::triggered, this,
-                    [this, item] { frmDataDictionary::ShowFor(item, this); });
+                    [this, item] { Guard::Run([&] { frmDataDictionary::ShowFor(item, this); }); });
         } else {
             connect(a, &QAction::triggered, this, [this, key] { RunCommand(key); });
         }
@@ -255,9 +257,12 @@ void frmMain::closeEvent(QCloseEvent* e) {
         Session::ReleaseDb();
         if (QFile::exists(target)) QFile::remove(target);
         QFile src(source);
-        if (!src.copy(target))
-            MsgBox::Show(QStringLiteral("备份数据库失败：%1\n%2").arg(target, src.errorString()),
-                         MsgBox::Icon::Critical);
+        if (!src.copy(target)) {
+            // Reported as the copy's run-time error; the system still closes.
+            const bool folderThere = QFileInfo(target).absoluteDir().exists();
+            throw RuntimeError(folderThere ? QStringLiteral("运行时错误 '75':\n\n路径/文件访问错误")
+                                           : QStringLiteral("运行时错误 '76':\n\n路径未找到"));
+        }
     });
     e->accept();
 }

@@ -172,7 +172,7 @@ private Q_SLOTS:
         const auto boxes = rec.Take();
         QCOMPARE(boxes.size(), 2);
         QCOMPARE(boxes[1].icon, MsgBox::Icon::Critical);
-        QVERIFY(boxes[1].text.contains("/nonexistent/folder/"));
+        QVERIFY(boxes[1].text.contains("路径未找到"));
         CS_NO_LEFTOVER_BOXES(rec);
     }
 
