@@ -46,18 +46,24 @@ frmBackup::frmBackup(QWidget* parent)
     connect(dirs_, &QAbstractItemModel::layoutChanged, this, follow);
     On(ui_->cmdBrowse, &QPushButton::clicked, this, [this] { cmdBrowse_Click(); });
     On(ui_->cmdSave, &QPushButton::clicked, this, [this] { cmdSave_Click(); });
-    setDirPath(start);
+    {
+        // The path box keeps its design text until a folder is picked.
+        const QString designPath = ui_->txtFilePath->text();
+        setDirPath(start);
+        ui_->txtFilePath->setText(designPath);
+    }
 
     // The saved setting; a folder or drive that is gone leaves its list as it was.
     bool isErr = false;
     Recordset rs = Session::Dbopt().Excute(QStringLiteral("Select * from FileSave"), isErr);
     if (isErr || rs.Eof()) return;
+    // A null column leaves its control as designed.
     loading_ = true;
-    setDirPath(rs.Text("dir"));
-    setDrivePath(rs.Text("Drive"));
+    if (!rs.IsNull("dir")) setDirPath(rs.Text("dir"));
+    if (!rs.IsNull("Drive")) setDrivePath(rs.Text("Drive"));
     loading_ = false;
-    ui_->txtFileName->setText(rs.Text("FileName"));
-    ui_->txtFilePath->setText(rs.Text("dirpath"));
+    if (!rs.IsNull("FileName")) ui_->txtFileName->setText(rs.Text("FileName"));
+    if (!rs.IsNull("dirpath")) ui_->txtFilePath->setText(rs.Text("dirpath"));
     ui_->IsSave->setChecked(!rs.IsNull("isSave") && rs.Text("isSave") != QLatin1String("0"));
 }
 

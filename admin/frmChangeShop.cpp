@@ -44,6 +44,8 @@ frmChangeShop::frmChangeShop(QWidget* parent)
     Recordset rs = Session::Dbopt().Excute(QStringLiteral("select * from Shop"), isErr);
     if (!isErr)
         for (; !rs.Eof(); rs.MoveNext()) AddItem(rs.Text("GUID"), rs.Text("ShopName"));
+    // As a list view does, the first shop starts selected.
+    if (ui_->ListView->count() > 0) ui_->ListView->setCurrentRow(0);
 }
 
 frmChangeShop::~frmChangeShop() = default;
