@@ -250,25 +250,33 @@ void frmSell::Cancel() {
 
 // ---- the entry chain
 
+// The quantity tests that the quantity box, the discount box and the special
+// price box share, in their order; the boxes differ only in the icon.
+bool frmSell::QuantityPasses(MsgBox::Icon icon) {
+    const auto say = [icon](const char* text) { MsgBox::Show(QString::fromUtf8(text), icon); };
+    if (!IsNumeric(ui_->txtQuatity->text())) {
+        say("数量的数据类型不正确！");
+        ui_->txtQuatity->setFocus();
+        return false;
+    }
+    if (Val(ui_->txtQuatity->text()) <= 0) {
+        say("数量的不能小于0！");
+        ui_->txtQuatity->setFocus();
+        return false;
+    }
+    if (StockShort()) {
+        say("库存不足不能结帐，请通知管理员！");
+        return false;
+    }
+    return true;
+}
+
 void frmSell::txtQuatity_Enter() {
     if (GoodsEmpty()) {
         MsgBox::Info(QStringLiteral("请选择一个商品！"));
         return;
     }
-    if (!IsNumeric(ui_->txtQuatity->text())) {
-        MsgBox::Info(QStringLiteral("数量的数据类型不正确！"));
-        ui_->txtQuatity->setFocus();
-        return;
-    }
-    if (Val(ui_->txtQuatity->text()) <= 0) {
-        MsgBox::Info(QStringLiteral("数量的不能小于0！"));
-        ui_->txtQuatity->setFocus();
-        return;
-    }
-    if (StockShort()) {
-        MsgBox::Info(QStringLiteral("库存不足不能结帐，请通知管理员！"));
-        return;
-    }
+    if (!QuantityPasses(MsgBox::Icon::Information)) return;
     ui_->txtAbate->setFocus();
 }
 
@@ -292,20 +300,7 @@ void frmSell::txtAbate_Enter() {
         return;
     }
     if (GoodsEmpty()) return;
-    if (!IsNumeric(ui_->txtQuatity->text())) {
-        MsgBox::Warn(QStringLiteral("数量的数据类型不正确！"));
-        ui_->txtQuatity->setFocus();
-        return;
-    }
-    if (Val(ui_->txtQuatity->text()) <= 0) {
-        MsgBox::Warn(QStringLiteral("数量的不能小于0！"));
-        ui_->txtQuatity->setFocus();
-        return;
-    }
-    if (StockShort()) {
-        MsgBox::Warn(QStringLiteral("库存不足不能结帐，请通知管理员！"));
-        return;
-    }
+    if (!QuantityPasses(MsgBox::Icon::Exclamation)) return;
     AddToBasket(ui_->VSFlexGrid->TextMatrix(ui_->VSFlexGrid->Row(), 1));
     ui_->txtReciveAmout->setFocus();
 }
@@ -323,20 +318,7 @@ void frmSell::txtChangePrice_Enter() {
         MsgBox::Warn(QStringLiteral("特价比零售价还要贵么？"));
         return;
     }
-    if (!IsNumeric(ui_->txtQuatity->text())) {
-        MsgBox::Warn(QStringLiteral("数量的数据类型不正确！"));
-        ui_->txtQuatity->setFocus();
-        return;
-    }
-    if (Val(ui_->txtQuatity->text()) <= 0) {
-        MsgBox::Warn(QStringLiteral("数量的不能小于0！"));
-        ui_->txtQuatity->setFocus();
-        return;
-    }
-    if (StockShort()) {
-        MsgBox::Warn(QStringLiteral("库存不足不能结帐，请通知管理员！"));
-        return;
-    }
+    if (!QuantityPasses(MsgBox::Icon::Exclamation)) return;
     AddToBasket(ui_->VSFlexGrid->TextMatrix(ui_->VSFlexGrid->Row(), 1));
     ui_->txtReciveAmout->setFocus();
 }

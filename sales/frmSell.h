@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "Form.h"
+#include "MsgBox.h"
 
 namespace Ui {
 class frmSell;
@@ -50,6 +51,7 @@ private:
     QString GoodsSelect() const;
     bool GoodsEmpty() const;
     bool StockShort() const;
+    bool QuantityPasses(MsgBox::Icon icon);
 
     void txtNo_Change();
     void txtNo_Down();
