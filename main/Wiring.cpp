@@ -21,8 +21,23 @@
 #define CS_SALES_COMMANDS
 #endif
 
+#if __has_include("AftersaleCommands.h")
+#include "AftersaleCommands.h"
+#define CS_AFTERSALE_COMMANDS RegisterAftersaleCommands();
+#else
+#define CS_AFTERSALE_COMMANDS
+#endif
+#if __has_include("ReportsCommands.h")
+#include "ReportsCommands.h"
+#define CS_REPORTS_COMMANDS RegisterReportsCommands();
+#else
+#define CS_REPORTS_COMMANDS
+#endif
+
 void RegisterAllWindows() {
     CS_ADMIN_COMMANDS
     CS_STOCKIN_COMMANDS
     CS_SALES_COMMANDS
+    CS_AFTERSALE_COMMANDS
+    CS_REPORTS_COMMANDS
 }

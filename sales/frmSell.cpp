@@ -5,6 +5,7 @@
 #include <QMenu>
 
 #include "Convert.h"
+#include "CostLayer.h"
 #include "DateText.h"
 #include "Guard.h"
 #include "ModMain.h"
