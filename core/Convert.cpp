@@ -101,26 +101,10 @@ bool parseStrict(const QString& text, double& out) {
     return std::isfinite(out);
 }
 
-// The shortest digits that read back as the same value, written without an
-// exponent: 123456792.0f gives "123456790", 0.1f gives "0.1".
-template <typename T>
-QString shortestText(T value) {
-    if (value == 0) return QStringLiteral("0");  // also -0
-    char buf[64];
-    const auto res = std::to_chars(buf, buf + sizeof buf, value, std::chars_format::scientific);
-    const std::string sci(buf, res.ptr);
-    const size_t e = sci.find('e');
-    std::string mant = sci.substr(0, e);
-    const int exp = std::stoi(sci.substr(e + 1));
-    std::string sign;
-    if (mant[0] == '-') {
-        sign = "-";
-        mant.erase(0, 1);
-    }
-    std::string digits;
-    for (char c : mant)
-        if (c != '.') digits += c;
-    // digits d1 d2 ... with the decimal point after d1, moved by exp places.
+// Digits d1 d2 ... with the decimal point after d1, moved by exp places,
+// written without an exponent.
+std::string placePoint(const std::string& sign, std::string digits, int exp) {
+    while (digits.size() > 1 && digits.back() == '0') digits.pop_back();
     const int point = 1 + exp;
     std::string out;
     if (point <= 0) {
@@ -130,7 +114,36 @@ QString shortestText(T value) {
     } else {
         out = digits.substr(0, size_t(point)) + "." + digits.substr(size_t(point));
     }
-    return QString::fromLatin1(sign + out);
+    return sign + out;
+}
+
+// Splits "-d.ddde+x" into sign, digits and exponent.
+std::string splitScientific(const std::string& sci, std::string& sign, int& exp) {
+    const size_t e = sci.find('e');
+    std::string mant = sci.substr(0, e);
+    exp = std::stoi(sci.substr(e + 1));
+    sign.clear();
+    if (mant[0] == '-') {
+        sign = "-";
+        mant.erase(0, 1);
+    }
+    std::string digits;
+    for (char c : mant)
+        if (c != '.') digits += c;
+    return digits;
+}
+
+// The shortest digits that read back as the same value, written without an
+// exponent: 123456792.0f gives "123456790", 0.1f gives "0.1".
+template <typename T>
+QString shortestText(T value) {
+    if (value == 0) return QStringLiteral("0");  // also -0
+    char buf[64];
+    const auto res = std::to_chars(buf, buf + sizeof buf, value, std::chars_format::scientific);
+    std::string sign;
+    int exp = 0;
+    const std::string digits = splitScientific(std::string(buf, res.ptr), sign, exp);
+    return QString::fromLatin1(placePoint(sign, digits, exp));
 }
 
 }  // namespace
@@ -244,7 +257,16 @@ QString FloatText(float value) {
     return shortestText(value);
 }
 QString DblText(double value) {
-    return shortestText(value);
+    // As the classic run-time writes a double: rounded to 15 significant
+    // digits, so that 99.9 - 84 reads "15.9" and not the binary remainder.
+    if (value == 0 || !std::isfinite(value)) return shortestText(value);
+    char buf[64];
+    const auto res = std::to_chars(buf, buf + sizeof buf, value, std::chars_format::scientific, 14);
+    std::string sign;
+    int exp = 0;
+    const std::string digits = splitScientific(std::string(buf, res.ptr), sign, exp);
+    const std::string text = placePoint(sign, digits, exp);
+    return text == "-0" ? QStringLiteral("0") : QString::fromLatin1(text);
 }
 
 QString VarText(const QVariant& value) {

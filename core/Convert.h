@@ -39,8 +39,11 @@ double Val(const QString& text);
 // Round half to even to a whole number (no range check).
 double RoundHalfEven(double value);
 
-// Shortest decimal text that reads back as the same float / double.
+// Text of a 32-bit figure: the shortest decimal text that reads back as the
+// same float.
 QString FloatText(float value);
+// Text of a 64-bit figure as the classic run-time writes it: at most 15
+// significant digits (99.9 - 84 gives "15.9"), never an exponent.
 QString DblText(double value);
 
 // Text of a value read from the database, as a grid or a text box shows it:

@@ -21,6 +21,7 @@ QString& overridePath() {
     return p;
 }
 int connectionCounter = 0;
+int actionDepth = 0;
 }  // namespace
 
 clsDbopt::clsDbopt() : name_(QStringLiteral("ClothesSell-%1").arg(++connectionCounter)) {}
@@ -71,6 +72,7 @@ bool clsDbopt::IsConnected() const {
 }
 
 void clsDbopt::Close() {
+    endActionTransaction();
     if (db_.isValid()) {
         db_.close();
         db_ = QSqlDatabase();
@@ -136,6 +138,7 @@ Recordset clsDbopt::Excute(const QString& SQL, bool& IsErr) {
             } else if (!s.st) {
                 return Recordset();  // an empty text
             } else {
+                if (actionDepth > 0 && !sqlite3_stmt_readonly(s.st)) beginActionTransaction();
                 const int n = sqlite3_column_count(s.st);
                 QStringList names;
                 names.reserve(n);
@@ -164,17 +167,86 @@ Recordset clsDbopt::Excute(const QString& SQL, bool& IsErr) {
 }
 
 void clsDbopt::ExcuteProc(QSqlQuery& Cmd) {
+    if (actionDepth > 0) beginActionTransaction();
     if (!Cmd.exec()) throw RuntimeError(Cmd.lastError().text());
 }
 
+bool clsDbopt::exec(const char* sql, QString* error) {
+    sqlite3* h = IsConnected() ? handleOf(db_) : nullptr;
+    if (!h) {
+        if (error) *error = QStringLiteral("对象关闭时，不允许操作。");
+        return false;
+    }
+    if (sqlite3_exec(h, sql, nullptr, nullptr, nullptr) == SQLITE_OK) return true;
+    if (error) *error = QString::fromUtf8(sqlite3_errmsg(h));
+    return false;
+}
+
+bool clsDbopt::InTransaction() const {
+    sqlite3* h = IsConnected() ? handleOf(db_) : nullptr;
+    return h && !sqlite3_get_autocommit(h);
+}
+
+// ---- user actions
+
+int clsDbopt::ActionDepth() {
+    return actionDepth;
+}
+
+void clsDbopt::EnterAction() {
+    ++actionDepth;
+}
+
+void clsDbopt::LeaveActionDepth() {
+    if (actionDepth > 0) --actionDepth;
+}
+
+void clsDbopt::LeaveAction(int depth) {
+    if (actionBegunAt_ >= depth) endActionTransaction();
+    if (ownTrans_ && ownTransAt_ >= depth) {
+        // A transaction of the caller's own that its handler left open (a
+        // run-time error between begin and commit) is undone, all of it.
+        exec("ROLLBACK");
+        ownTrans_ = false;
+    }
+}
+
+void clsDbopt::beginActionTransaction() {
+    if (actionBegunAt_ > 0 || ownTrans_ || InTransaction()) return;
+    // When the data file stays locked past the busy time-out the statement
+    // runs on its own and meets the lock itself.
+    if (exec("BEGIN IMMEDIATE")) actionBegunAt_ = actionDepth;
+}
+
+void clsDbopt::endActionTransaction() {
+    if (actionBegunAt_ == 0) return;
+    actionBegunAt_ = 0;
+    // A statement that failed badly enough may have undone the transaction
+    // already; then there is nothing left to commit.
+    if (!InTransaction()) return;
+    QString error;
+    if (!exec("COMMIT", &error)) {
+        exec("ROLLBACK");
+        MsgBox::Show(error);
+    }
+}
+
 void clsDbopt::BeginTrans() {
-    if (!db_.transaction()) throw RuntimeError(db_.lastError().text());
+    endActionTransaction();
+    QString error;
+    if (!exec("BEGIN IMMEDIATE", &error)) throw RuntimeError(error);
+    ownTrans_ = true;
+    ownTransAt_ = actionDepth;
 }
 
 void clsDbopt::CommitTrans() {
-    if (!db_.commit()) throw RuntimeError(db_.lastError().text());
+    QString error;
+    if (!exec("COMMIT", &error)) throw RuntimeError(error);
+    ownTrans_ = false;
 }
 
 void clsDbopt::RollbackTrans() {
-    if (!db_.rollback()) throw RuntimeError(db_.lastError().text());
+    QString error;
+    if (!exec("ROLLBACK", &error)) throw RuntimeError(error);
+    ownTrans_ = false;
 }

@@ -37,14 +37,38 @@ public:
     // Runs a prepared command on the connection; errors go to the caller.
     void ExcuteProc(QSqlQuery& Cmd);
 
-    // Transactions on the connection; errors go to the caller.
+    // A transaction of the caller's own (the spreadsheet import); errors go
+    // to the caller. It takes the place of the user action's transaction:
+    // what the action wrote before it is committed first.
     void BeginTrans();
     void CommitTrans();
     void RollbackTrans();
 
+    // User actions. The statements of one user action (one guarded handler:
+    // a checkout, a return, a restock ...) share one transaction, begun before
+    // the action's first write (BEGIN IMMEDIATE, so that a second till waits
+    // for the first) and committed when the handler that began it ends,
+    // whatever its statements did. A failed statement still stands alone, as
+    // everywhere, but a crash or a power cut leaves all of the action or none.
+    // See UserAction.h.
+    static int ActionDepth();
+    static void EnterAction();
+    // Ends the action at this depth on the connection: commits the
+    // transaction it began. Then LeaveActionDepth steps out of it.
+    void LeaveAction(int depth);
+    static void LeaveActionDepth();
+    bool InTransaction() const;
+
     QSqlDatabase& Connection() { return db_; }
 
 private:
+    void beginActionTransaction();
+    void endActionTransaction();
+    bool exec(const char* sql, QString* error = nullptr);
+
     QString name_;
     QSqlDatabase db_;
+    int actionBegunAt_ = 0;  // depth of the action whose transaction is open, 0 for none
+    bool ownTrans_ = false;  // BeginTrans of the caller is open
+    int ownTransAt_ = 0;     // depth of the action that opened it
 };

@@ -94,7 +94,14 @@ private Q_SLOTS:
         QCOMPARE(FloatText(-2.0f), QString("-2"));
         QCOMPARE(FloatText(-0.0f), QString("0"));
         QCOMPARE(FloatText(10000000.0f), QString("10000000"));
-        QCOMPARE(DblText(0.1 + 0.2), QString("0.30000000000000004"));
+        // A double is written with at most 15 significant digits.
+        QCOMPARE(DblText(0.1 + 0.2), QString("0.3"));
+        QCOMPARE(DblText(99.9 - 84), QString("15.9"));
+        QCOMPARE(DblText(-(99.9 - 84)), QString("-15.9"));
+        QCOMPARE(DblText(123456789012.345), QString("123456789012.345"));
+        QCOMPARE(DblText(1234567890123456789.0), QString("1234567890123460000"));
+        QCOMPARE(DblText(0.000123456789012345678), QString("0.000123456789012346"));
+        QCOMPARE(DblText(double(84.1f)), QString("84.0999984741211"));
         QCOMPARE(DblText(41.0), QString("41"));
     }
 

@@ -3,6 +3,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "Guard.h"
 #include "MsgRecorder.h"
 #include "RuntimeError.h"
 #include "Session.h"
@@ -174,6 +175,51 @@ private Q_SLOTS:
         db.CommitTrans();
         QCOMPARE(TestDb::Count("Shop"), 2);
         QVERIFY_THROWS_EXCEPTION(RuntimeError, db.CommitTrans());
+    }
+
+    // The statements of one guarded handler share one transaction, begun at
+    // its first write and committed when the handler that began it ends,
+    // whatever happened inside.
+    void userActions() {
+        TestDb t;
+        clsDbopt& db = Session::Dbopt();
+        auto old = MsgBox::SetPresenter([](const MsgBox::Box&) { return MsgBox::Answer::Ok; });
+        bool beforeWrite = true, afterWrite = false, innerSees = false;
+        Guard::Run([&] {
+            db.Excute("Select * from Shop");
+            beforeWrite = db.InTransaction();
+            db.Excute("Insert Into Shop Values('{A}','一店')");
+            afterWrite = db.InTransaction();
+            // A failing statement stands alone; the others stay.
+            db.Excute("Insert Into NoSuchTable Values(1)");
+            // A window opened from the handler: its handler joins the action.
+            Guard::Run([&] { db.Excute("Insert Into Shop Values('{B}','二店')"); });
+            innerSees = db.InTransaction();
+        });
+        QVERIFY(!beforeWrite);
+        QVERIFY(afterWrite);
+        QVERIFY(innerSees);
+        QVERIFY(!db.InTransaction());
+        QCOMPARE(TestDb::Count("Shop"), 3);
+
+        // A run-time error ends the handler; what it wrote is committed.
+        Guard::Run([&] {
+            db.Excute("Insert Into Shop Values('{C}','三店')");
+            throw RuntimeError(RuntimeError::overflow());
+        });
+        QVERIFY(!db.InTransaction());
+        QCOMPARE(TestDb::Count("Shop"), 4);
+
+        // The caller's own transaction left open by an error is undone.
+        Guard::Run([&] {
+            db.Excute("Insert Into Shop Values('{D}','四店')");
+            db.BeginTrans();
+            db.Excute("Insert Into Shop Values('{E}','五店')");
+            throw RuntimeError(RuntimeError::overflow());
+        });
+        QVERIFY(!db.InTransaction());
+        QCOMPARE(TestDb::Scalar("select count(*) from Shop where GUID in ('{D}','{E}')"), "1");
+        MsgBox::SetPresenter(old);
     }
 
     void guids() {
