@@ -85,11 +85,18 @@ public:
     void setRowChangeAllowed(std::function<bool()> allowed);
 
     // ---- subtotals
-    // Adds a total row: sums of column totalOn (grouped on groupOn, -1 for a
-    // grand total), caption in the group column (for a grand total the first
-    // visible column), shown in format, in the given colour and weight, above
-    // or below the data. SubtotalClear removes all total rows. Adding a grand
-    // total first removes any earlier total rows.
+    // Adds total rows: sums of column totalOn, shown in format, in the given
+    // colour and weight, above or below the rows they total.
+    //  - groupOn >= 0: outline totals, one per run of equal values in that
+    //    column (the fixed column 0: one total over all rows). The total rows
+    //    of one column form a level: a second call on the same column puts its
+    //    sums into the rows already there; total rows of a deeper level (a
+    //    higher column) stay inside a group and are not summed. The caption
+    //    (or else the group's value) stands in the group column, in column 1
+    //    when grouping on column 0.
+    //  - groupOn -1: one grand total, caption in the first visible column;
+    //    it first removes any earlier total rows.
+    // SubtotalClear removes all total rows.
     void Subtotal(SubtotalFunction fn, int groupOn = -1, int totalOn = -1,
                   const QString& format = QString(), QColor foreColor = QColor(Qt::red),
                   bool bold = true, const QString& caption = QString(), bool above = false);

@@ -184,6 +184,33 @@ private Q_SLOTS:
         QCOMPARE(g.TextMatrix(1, 2), QStringLiteral("3"));
     }
 
+    // Totals of a stock or sales list: per article above its rows, then a
+    // grand total over everything as row 1; a second column on the same
+    // level fills the rows already there.
+    void outlineTotals() {
+        VSGrid g;
+        fillGroups(g, {"A", "A", "B", "A"}, {"1", "2", "4", "8"});
+        g.setCols(4);
+        for (int r = 1; r < g.Rows(); ++r) g.setTextMatrix(r, 3, "10");
+        const QColor red(255, 0, 0);
+        g.Subtotal(VSGrid::SubtotalSum, 1, 2, "d", red, true, "合计", true);
+        g.Subtotal(VSGrid::SubtotalSum, 1, 3, "d", red, true, "合计", true);
+        g.Subtotal(VSGrid::SubtotalSum, 0, 3, "d", red, true, "总合计", true);
+        g.Subtotal(VSGrid::SubtotalSum, 0, 2, "d", red, true, "总合计", true);
+        QCOMPARE(column(g, 1), QStringList({"总合计", "合计", "A", "A", "合计", "B", "合计", "A"}));
+        QCOMPARE(column(g, 2), QStringList({"15", "3", "1", "2", "4", "4", "8", "8"}));
+        QCOMPARE(column(g, 3), QStringList({"40", "20", "10", "10", "10", "10", "10", "10"}));
+        QVERIFY(g.IsSubtotal(1) && g.IsSubtotal(2) && !g.IsSubtotal(3));
+
+        // Below the data, grouped on the fixed column: one total at the end.
+        VSGrid h;
+        fillGroups(h, {"A", "B"}, {"1.5", "2"});
+        h.Subtotal(VSGrid::SubtotalSum, 1, 2, "d", red, true, "合计");
+        h.Subtotal(VSGrid::SubtotalSum, 0, 2, "d", red, true, "总计");
+        QCOMPARE(column(h, 1), QStringList({"A", "合计", "B", "合计", "总计"}));
+        QCOMPARE(column(h, 2), QStringList({"1.5", "2", "2", "2", "4"}));
+    }
+
     void mergesEqualNeighbours() {
         VSGrid g;
         fillGroups(g, {"红", "红", "红", "蓝", ""}, {"1", "1", "2", "2", ""});
