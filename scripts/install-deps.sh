@@ -7,6 +7,7 @@ pkgs=(
   qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite qt6-qpa-plugins libgl-dev
   libbenchmark-dev libsqlite3-dev pkg-config
   fonts-wqy-microhei xvfb xauth
+  libfreexl-dev libzip-dev libxlsxwriter-dev python3-xlwt
 )
 missing=()
 for p in "${pkgs[@]}"; do
