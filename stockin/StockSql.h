@@ -29,6 +29,16 @@ QString StoreDetailInsert(const QString& guid, const QString& parentGuid, const 
 // One cost layer of the current shop.
 QString BuyPriceInsert(const QString& storeGuid, float cost, float quantity, const QString& date);
 
+// The same three statements with the numbers given as the texts that stand
+// bare in them (the sheet import writes its cells as they are).
+QString StoreInsert(const QString& guid, const GoodsText& g, const QString& quantity,
+                    const QString& price, const QString& idCode, const QString& goodsFloor);
+QString StoreDetailInsert(const QString& guid, const QString& parentGuid, const GoodsText& g,
+                          const QString& cost, const QString& quantity, const QString& memo,
+                          const QString& date);
+QString BuyPriceInsert(const QString& storeGuid, const QString& cost, const QString& quantity,
+                       const QString& date);
+
 // The row that a stock-in appends to the goods list of the stock-in window:
 // an empty first cell, then the GUID it is given and the goods' columns.
 QString BuyInGridRow(const QString& guid, const GoodsText& g, float quantity, const QString& idCode,

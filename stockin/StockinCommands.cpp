@@ -4,6 +4,7 @@
 #include "Modal.h"
 #include "frmBuyIn.h"
 #include "frmChangePrice.h"
+#include "frmPutIn.h"
 #include "frmbuyInDetail.h"
 
 void RegisterStockinCommands() {
@@ -13,6 +14,10 @@ void RegisterStockinCommands() {
     });
     Commands::Register(QStringLiteral("BuyInDetail"), [](QWidget* parent) {
         frmbuyInDetail f(parent);
+        Modal::Show(&f);
+    });
+    Commands::Register(QStringLiteral("putin"), [](QWidget* parent) {
+        frmPutIn f(parent);
         Modal::Show(&f);
     });
     Commands::Register(QStringLiteral("ChangePrice"), [](QWidget* parent) {
