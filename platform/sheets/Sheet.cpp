@@ -117,44 +117,14 @@ DateKind KindOfFormat(const QString& code) {
 }
 
 DateKind KindOfBuiltinFormat(int id) {
-    switch (id) {
-        case 14:
-        case 15:
-        case 16:
-        case 17:
-        case 27:
-        case 28:
-        case 29:
-        case 30:
-        case 31:
-        case 36:
-        case 50:
-        case 51:
-        case 52:
-        case 53:
-        case 54:
-        case 57:
-        case 58:
-            return DateKind::Date;
-        case 22:
-            return DateKind::DateTime;
-        case 18:
-        case 19:
-        case 20:
-        case 21:
-        case 32:
-        case 33:
-        case 34:
-        case 35:
-        case 45:
-        case 46:
-        case 47:
-        case 55:
-        case 56:
-            return DateKind::Time;
-        default:
-            return DateKind::None;
-    }
+    // Excel's own formats, with those of the Chinese editions (27 to 36, 50 to 58).
+    static constexpr int dates[] = {14, 15, 16, 17, 27, 28, 29, 30, 31,
+                                    36, 50, 51, 52, 53, 54, 57, 58};
+    static constexpr int times[] = {18, 19, 20, 21, 32, 33, 34, 35, 45, 46, 47, 55, 56};
+    if (id == 22) return DateKind::DateTime;
+    if (std::ranges::find(dates, id) != std::end(dates)) return DateKind::Date;
+    if (std::ranges::find(times, id) != std::end(times)) return DateKind::Time;
+    return DateKind::None;
 }
 
 // ---- choosing the reader
