@@ -19,6 +19,15 @@ void Find(frmBlankout& w, const QString& no) {
     w.ui()->txtSellNo->setFocus();
     QTest::keyClick(w.ui()->txtSellNo, Qt::Key_Return);
 }
+// Sells three pieces at the counter; returns the sale's number.
+QString SellThree(MsgRecorder& rec, const QString& typeNo, const QString& abate) {
+    SaleWindow s;
+    const QString no = s.ui->lbNo->text();
+    s.Sell(typeNo, "3", abate);
+    s.CheckOut(rec, "999");
+    rec.Take();
+    return no;
+}
 void Void(frmBlankout& w, MsgRecorder& rec, bool yes = true) {
     yes ? rec.Yes() : rec.No();
     w.ui()->cmdOk->click();
@@ -183,13 +192,7 @@ private Q_SLOTS:
         TestDb db;
         TestDb::AddGoods("E1", 5, 100, 40);
         MsgRecorder rec;
-        const QString no = SaleWindow().ui->lbNo->text();
-        {
-            SaleWindow s;
-            s.Sell("E1", "3", "全");
-            s.CheckOut(rec, "300");
-            rec.Take();
-        }
+        const QString no = SellThree(rec, "E1", "全");
         TestDb::Exec("Update Sell Set DateTime='2026-01-10'");
         const QString returned = TestDb::Scalar("Select GUID from Sell Order By GUID");
         TestDb::Exec("Update Sell Set State=2 Where GUID='" + returned + "'");
@@ -212,13 +215,7 @@ private Q_SLOTS:
         TestDb db;
         TestDb::AddGoods("V1", 5, 100, 40);
         MsgRecorder rec;
-        const QString no = SaleWindow().ui->lbNo->text();
-        {
-            SaleWindow s;
-            s.Sell("V1", "3", "9");
-            s.CheckOut(rec, "999");
-            rec.Take();
-        }
+        const QString no = SellThree(rec, "V1", "9");
         frmBlankout w;
         VSGrid* g = w.ui()->VSFlexGrid;
         w.ui()->comResion->setEditText("拿错尺码");
