@@ -120,16 +120,12 @@ std::string placePoint(const std::string& sign, std::string digits, int exp) {
 // Splits "-d.ddde+x" into sign, digits and exponent.
 std::string splitScientific(const std::string& sci, std::string& sign, int& exp) {
     const size_t e = sci.find('e');
-    std::string mant = sci.substr(0, e);
     exp = std::stoi(sci.substr(e + 1));
-    sign.clear();
-    if (mant[0] == '-') {
-        sign = "-";
-        mant.erase(0, 1);
-    }
+    const bool negative = !sci.empty() && sci[0] == '-';
+    sign.assign(negative ? 1 : 0, '-');
     std::string digits;
-    for (char c : mant)
-        if (c != '.') digits += c;
+    for (size_t i = negative ? 1 : 0; i < e; ++i)
+        if (sci[i] != '.') digits += sci[i];
     return digits;
 }
 

@@ -289,8 +289,10 @@ void frmSell::txtAbate_Change() {
 }
 
 void frmSell::txtAbate_Enter() {
+    // The range test reads the discount as the amount does (strictly), so
+    // that "8,5" is refused as 85 rather than passed as 8 and charged as 85.
     const QString a = ui_->txtAbate->text();
-    if (IsNumeric(a) && (Val(a) > 9.9 || Val(a) < 0)) {
+    if (IsNumeric(a) && (Convert::CDbl(a) > 9.9 || Convert::CDbl(a) < 0)) {
         MsgBox::Warn(QStringLiteral("请输入0.1-10的数字或小数！"));
         ui_->txtAbate->setFocus();
         return;
@@ -315,7 +317,8 @@ void frmSell::txtChangePrice_Enter() {
         MsgBox::Warn(QStringLiteral("请输入有效数字！"));
         return;
     }
-    if (Val(ui_->txtPrice->text()) < Val(ui_->txtChangePrice->text())) {
+    // The special price is read as the amount reads it: "1,000" is 1000.
+    if (Val(ui_->txtPrice->text()) < Convert::CDbl(ui_->txtChangePrice->text())) {
         MsgBox::Warn(QStringLiteral("特价比零售价还要贵么？"));
         return;
     }

@@ -53,6 +53,12 @@ VSGrid* frmBuyIn::Grid() const {
     return ui_->VSFlexGrid;
 }
 
+void frmBuyIn::AppendGoods(const QString& tabText) {
+    VSGrid* g = ui_->VSFlexGrid;
+    g->AddItem(tabText);
+    g->setRow(g->Rows() - 1);
+}
+
 bool frmBuyIn::eventFilter(QObject* watched, QEvent* event) {
     if (watched == ui_->txtNo && event->type() == QEvent::KeyPress &&
         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down) {
@@ -88,9 +94,11 @@ void frmBuyIn::txtNo_Change() {
 
 // Restock of the picked row: the goods row gains the quantity, and the entry
 // gets its own history row and cost layer. The retail price stays as it was.
+// Without a picked row nothing happens, as with an empty list: nothing is
+// ever read from the header row.
 void frmBuyIn::cmdPutIn_Click() {
     VSGrid* g = ui_->VSFlexGrid;
-    if (g->Rows() < 2) return;
+    if (g->Rows() < 2 || g->Row() < 1) return;
     if (!Convert::IsNumeric(ui_->txtPrice->text())) {
         MsgBox::Info(QStringLiteral("数据类型不正确！"));
         ui_->txtPrice->setFocus();

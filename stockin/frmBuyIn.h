@@ -16,8 +16,11 @@ public:
     explicit frmBuyIn(QWidget* parent = nullptr);
     ~frmBuyIn() override;
 
-    // The goods list; the entry windows append what they store to it.
+    // The goods list.
     VSGrid* Grid() const;
+    // Appends a row that an entry window stored (tab-separated, cell 0 first)
+    // and makes it the current row, the one a restock then goes to.
+    void AppendGoods(const QString& tabText);
     Ui::frmBuyIn* ui() { return ui_.get(); }
 
 protected:

@@ -110,7 +110,7 @@ void frmGoodsProperty::cmdPutIn_Click() {
 
     // The list shows the history row's key until it is read again.
     if (buyIn_)
-        buyIn_->Grid()->AddItem(
+        buyIn_->AppendGoods(
             StockSql::BuyInGridRow(detailGuid, goods, quantity, idCode, goodsFloor));
 }
 

@@ -318,7 +318,7 @@ void frmbatchbuyIn::cmdInStore_Click() {
 
     clsDbopt& db = Session::Dbopt();
     clsNewGUID& guids = Session::NewGUID();
-    VSGrid* list = buyIn_ ? buyIn_->Grid() : nullptr;
+    frmBuyIn* list = buyIn_;
     bool isErr = false;
     for (int r = 1; r < g->Rows() - 1; ++r) {
         goods.Colour = g->TextMatrix(r, 0);  // colour and size as they stand
@@ -339,7 +339,7 @@ void frmbatchbuyIn::cmdInStore_Click() {
             db.Excute(StockSql::BuyPriceInsert(storeGuid, cost, quantity, date), isErr);
             if (isErr) return;
             if (list)
-                list->AddItem(
+                list->AppendGoods(
                     StockSql::BuyInGridRow(detailGuid, goods, quantity, idCode, goodsFloor));
         }
     }

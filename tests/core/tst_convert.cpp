@@ -18,6 +18,7 @@ private Q_SLOTS:
         QTest::newRow("decimal") << "8.5" << true;
         QTest::newRow("leading dot") << ".5" << true;
         QTest::newRow("negative") << "-2" << true;
+        QTest::newRow("plus sign") << "+5" << true;
         QTest::newRow("thousands") << "1,000" << true;
         QTest::newRow("exponent") << "1e3" << true;
         QTest::newRow("hex") << "&H1F" << true;

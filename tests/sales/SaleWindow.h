@@ -20,11 +20,11 @@ inline QStringList Said(MsgRecorder& rec) {
     return out;
 }
 
-// The first field of each row of a query, joined by "/".
-inline QString Column(const QString& sql) {
+// The first field of each row of a query.
+inline QStringList Column(const QString& sql) {
     QStringList out;
     for (Recordset rs = TestDb::Query(sql); !rs.Eof(); rs.MoveNext()) out << rs.Text(0);
-    return out.join('/');
+    return out;
 }
 
 // Stands in for the receipt printer: records each operation ("size 10",

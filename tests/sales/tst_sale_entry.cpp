@@ -34,6 +34,49 @@ private Q_SLOTS:
         CS_NO_LEFTOVER_BOXES(rec);
     }
 
+    // A discount or special price box reads its number once: the range test
+    // and the amount see the same figure, so a comma never multiplies the
+    // price. A fractional quantity is rounded to whole pieces.
+    void numbersReadAlikeInTestAndAmount() {
+        TestDb db;
+        TestDb::AddGoods("C100", 9, 100, 40);
+        TestDb::AddGoods("C1500", 9, 1500, 600);
+        MsgRecorder rec;
+        SaleWindow s;
+        s.Sell("C100", "1", "8,5");
+        QCOMPARE(Said(rec), QStringList{"W:请输入0.1-10的数字或小数！"});
+        QCOMPARE(s.Focus(), s.ui->txtAbate);
+        s.Sell("C100", "1", "1,000", true);
+        QCOMPARE(Said(rec), QStringList{"W:特价比零售价还要贵么？"});
+        QCOMPARE(s.Pieces(), 0);
+        s.Sell("C1500", "1", "1,000", true);
+        QCOMPARE(s.Pieces(), 1);
+        QCOMPARE(s.LastAmount(), QString("1000"));
+        s.Sell("C100", "1.5", "全");
+        QCOMPARE(s.Pieces(), 3);
+        QCOMPARE(s.LastAmount(), QString("100"));
+        QCOMPARE(s.ui->lbAmount->text(), QString("1200"));
+        CS_NO_LEFTOVER_BOXES(rec);
+    }
+
+    // Taking a discounted piece out lowers the total by what it was charged,
+    // not by its list price.
+    void cancelTakesOffTheChargedAmount() {
+        TestDb db;
+        TestDb::AddGoods("D100", 5, 100, 40);
+        TestDb::AddGoods("D99", 5, 99, 40);
+        MsgRecorder rec;
+        SaleWindow s;
+        s.Sell("D100", "1", "全");
+        s.Sell("D99", "1", "8.5");
+        QCOMPARE(s.ui->lbAmount->text(), QString("184"));
+        s.ui->VSSell->setFocus();
+        s.Key(Qt::Key_Delete);
+        QCOMPARE(s.Pieces(), 1);
+        QCOMPARE(s.ui->lbAmount->text(), QString("100"));
+        CS_NO_LEFTOVER_BOXES(rec);
+    }
+
     // The stock test counts the pieces already in the basket.
     void stockTestCountsTheBasket() {
         TestDb db;

@@ -14,14 +14,14 @@
 
 namespace {
 // Every member of the rules, in the order of the row's columns.
-QString Members(const clsSellRole& r) {
+QStringList Members(const clsSellRole& r) {
     QStringList out{r.ShopNo};
     for (int v : {int(r.SellOrder), int(r.BackDays), int(r.AbateCanNotBack),
                   int(r.SpecialCanNotBack), int(r.ChangeDays), int(r.AbateCanNotChange),
                   int(r.SpecialCanNotChange), int(r.SameTypeChange), int(r.DearGoodsChange),
                   int(r.ChangeOneTime), int(r.ChangNotToBack), int(r.IsPrint), int(r.PrinterType)})
         out << QString::number(v);
-    return out.join(',');
+    return out;
 }
 
 }  // namespace
@@ -46,9 +46,9 @@ private Q_SLOTS:
         Recordset row = TestDb::Query("Select * from SellRole");
         QStringList values;
         for (int i = 1; i < row.FieldCount(); ++i) values << row.Text(i);
-        QCOMPARE(values.join(','), QString("1,7,0,-1,30,-1,0,-1,0,-1,-1,-1,1"));
+        QCOMPARE(values, QString("1,7,0,-1,30,-1,0,-1,0,-1,-1,-1,1").split(','));
         QCOMPARE(Members(Session::SellRole()),
-                 Session::SellRole().ShopNo + ",1,7,0,1,30,1,0,1,0,1,1,1,1");
+                 QString(Session::SellRole().ShopNo + ",1,7,0,1,30,1,0,1,0,1,1,1,1").split(','));
         CS_NO_LEFTOVER_BOXES(rec);
     }
 
@@ -63,7 +63,7 @@ private Q_SLOTS:
         for (QCheckBox* c : w.findChildren<QCheckBox*>()) c->setChecked(!c->isChecked());
         (ui->OptA->isChecked() ? ui->OptB : ui->OptA)->setChecked(true);
         (ui->optBig->isChecked() ? ui->optSmall : ui->optBig)->setChecked(true);
-        const QString before = Members(Session::SellRole());
+        const QStringList before = Members(Session::SellRole());
         const struct {
             const char *back, *change, *error, *written;
         } cases[] = {{"", "30", "类型不匹配", "0/30"}, {"3", "40000", "溢出", "3/40000"}};

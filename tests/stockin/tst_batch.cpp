@@ -25,11 +25,13 @@ class TestBatch : public QObject {
         for (const auto& [row, col, text] : cells)
             QVERIFY(g->model()->setData(g->model()->index(row - 1, col - 1), text, Qt::EditRole));
     }
-    static QString line(VSGrid* g, int row) {
+    // The cells of a grid row, and the same written as "a|b|c".
+    static QStringList line(VSGrid* g, int row) {
         QStringList out;
         for (int c = 0; c < g->Cols(); ++c) out << g->TextMatrix(row, c);
-        return out.join('|');
+        return out;
     }
+    static QStringList cells(const char* text) { return QString::fromUtf8(text).split('|'); }
     static void fillCommon(Ui::frmbatchbuyIn* u) {
         const QList<QPair<QLineEdit*, QString>> boxes{
             {u->txtNo, "B'77"},
@@ -51,29 +53,31 @@ private Q_SLOTS:
         tick(u->listCoulor, {"红色", "白色", "黑色"});
         tick(u->listSize, {"M", "S", "L", "XL"});  // in the order of ticking, not of the list
         tick(u->listCoulor, {"白色"}, false);
-        QCOMPARE(line(g, 0), QString("颜色/尺码|M|S|L|XL|合计"));
+        QCOMPARE(line(g, 0), cells("颜色/尺码|M|S|L|XL|合计"));
         type(g, {{1, 1, "1"}, {1, 2, "2"}, {1, 3, "3"}, {2, 3, "29.5"}, {2, 4, "40"}});
-        QCOMPARE(line(g, 3), QString("合计|1|2|32.5|40|75.5"));
+        QCOMPARE(line(g, 3), cells("合计|1|2|32.5|40|75.5"));
 
         // A middle size goes with its quantities; the later ones move left.
         tick(u->listSize, {"S"}, false);
-        QCOMPARE(line(g, 0), QString("颜色/尺码|M|L|XL|合计"));
-        QCOMPARE(line(g, 1), QString("红色|1|3||4"));
-        QCOMPARE(line(g, 2), QString("黑色||29.5|40|69.5"));
-        QCOMPARE(line(g, 3), QString("合计|1|32.5|40|73.5"));
+        QCOMPARE(line(g, 0), cells("颜色/尺码|M|L|XL|合计"));
+        QCOMPARE(line(g, 1), cells("红色|1|3||4"));
+        QCOMPARE(line(g, 2), cells("黑色||29.5|40|69.5"));
+        QCOMPARE(line(g, 3), cells("合计|1|32.5|40|73.5"));
 
         // Zero, negative and words empty the cell; the sums stay until the next tick.
         for (const char* bad : {"0", "-2", "abc"}) {
             type(g, {{1, 1, bad}});
-            QCOMPARE(line(g, 1) + "/" + line(g, 3), QString("红色||3||4/合计|1|32.5|40|73.5"));
+            QCOMPARE(line(g, 1), cells("红色||3||4"));
+            QCOMPARE(line(g, 3), cells("合计|1|32.5|40|73.5"));
         }
         // A size ticked again comes at the end, empty; a zero sum shows empty.
         tick(u->listSize, {"S"});
-        QCOMPARE(line(g, 1) + "/" + line(g, 3), QString("红色||3|||3/合计||32.5|40||72.5"));
+        QCOMPARE(line(g, 1), cells("红色||3|||3"));
+        QCOMPARE(line(g, 3), cells("合计||32.5|40||72.5"));
         // The last colour takes the total row with it; the sizes stay.
         tick(u->listCoulor, {"红色", "黑色"}, false);
         QCOMPARE(g->Rows(), 1);
-        QCOMPARE(line(g, 0), QString("颜色/尺码|M|L|XL|S|合计"));
+        QCOMPARE(line(g, 0), cells("颜色/尺码|M|L|XL|S|合计"));
     }
 
     void checksThenStoresCellByCellInOrder() {
@@ -120,20 +124,26 @@ private Q_SLOTS:
         QCOMPARE(rec.TakeTexts(), QStringList({"确认要入库么？"}));
         // Colour by colour, size by size: the layers' numbering shows the order.
         Recordset rs = TestDb::Query(
-            "select s.Colour||'|'||s.[Size]||'|'||s.Quantity||'|'||s.Price||'|'||b.Price||'|'||"
-            "b.Quantity||'|'||s.IDCode||'|'||s.TypeNo||'|'||b.sDate||'|'||d.Price||'|'||d.Memo "
+            "select s.Colour,s.[Size],s.Quantity,s.Price,b.Price,b.Quantity,s.IDCode,s.TypeNo,"
+            "b.sDate,d.Price,d.Memo "
             "from (BuyPrice b inner join Store s on s.GUID=b.StoreGUID) inner join StoreDetail d "
             "on d.ParentGUID=s.GUID order by b.ID");
-        QStringList got;
-        for (; !rs.Eof(); rs.MoveNext()) got << rs.Text(0);
-        QCOMPARE(got, QStringList({"红色|L|2|1|1000|2|6900|B'77|2026-05-02|1000|冬款",
-                                   "红色|S|1000|1|1000|1000|6900|B'77|2026-05-02|1000|冬款",
-                                   "白色|S|1.5|1|1000|1.5|6900|B'77|2026-05-02|1000|冬款"}));
+        for (const char* want : {"红色|L|2|1|1000|2|6900|B'77|2026-05-02|1000|冬款",
+                                 "红色|S|1000|1|1000|1000|6900|B'77|2026-05-02|1000|冬款",
+                                 "白色|S|1.5|1|1000|1.5|6900|B'77|2026-05-02|1000|冬款"}) {
+            QVERIFY(!rs.Eof());
+            QStringList got;
+            for (int i = 0; i < rs.FieldCount(); ++i) got << rs.Text(i);
+            QCOMPARE(got, cells(want));
+            rs.MoveNext();
+        }
+        QVERIFY(rs.Eof());
         QCOMPARE(buyIn.Grid()->Rows(), 4);  // written into the stock-in list
 
         // Then the window clears: the number and colours go, sizes and the other fields stay.
-        QCOMPARE(u->txtNo->text() + "/" + line(g, 0) + "/" + u->txtPrice->text(),
-                 QString("/颜色/尺码|L|S|合计/1,000"));
+        QCOMPARE(u->txtNo->text(), QString());
+        QCOMPARE(line(g, 0), cells("颜色/尺码|L|S|合计"));
+        QCOMPARE(u->txtPrice->text(), QString("1,000"));
         QCOMPARE(g->Rows(), 1);
         CS_NO_LEFTOVER_BOXES(rec);
     }

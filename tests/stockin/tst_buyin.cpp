@@ -1,6 +1,7 @@
 // The stock-in window: its list and search, the restock of a row, new goods entered through it.
 #include <QTest>
 
+#include "Modal.h"
 #include "MsgRecorder.h"
 #include "Session.h"
 #include "TestDb.h"
@@ -20,11 +21,12 @@ class TestBuyIn : public QObject {
         w.ui()->cmdPutIn->click();
     }
 
-    static QString row(const QString& sql, int from, int to) {
+    // The fields from..to of the first row of a query.
+    static QStringList row(const QString& sql, int from, int to) {
         Recordset rs = TestDb::Query(sql);
         QStringList out;
         for (int i = from; i <= to; ++i) out << rs.Text(i);
-        return out.join('|');
+        return out;
     }
 
 private Q_SLOTS:
@@ -35,7 +37,7 @@ private Q_SLOTS:
         TestDb::Exec(
             "Insert Into Store Values('{OTHER}','{ANOTHER-SHOP}','A100','T恤','青木','M',"
             "'黑色','纯棉','一等品','广州',5,99,'','')");
-        const QString store = "select Quantity||'|'||Price from Store where GUID='" + guid + "'";
+        const QString store = "select Quantity,Price from Store where GUID='" + guid + "'";
         MsgRecorder rec;
         frmBuyIn w;
         VSGrid* g = w.Grid();
@@ -59,21 +61,22 @@ private Q_SLOTS:
         restock(w, "1,000", "3");  // the strict conversion reads the comma
         QCOMPARE(rec.Pending().value(0).title, QString("提示"));
         QCOMPARE(rec.TakeTexts(), QStringList({"确认要入库吗？"}));
-        QCOMPARE(TestDb::Scalar(store), "8|99");
+        QCOMPARE(row(store, 0, 1), QStringList({"8", "99"}));
         QCOMPARE(TestDb::Count("BuyPrice"), 3);
-        QCOMPARE(TestDb::Scalar("select StoreGUID||'|'||Price||'|'||Quantity from BuyPrice where "
-                                "sDate='2026-03-07'"),
-                 guid + "|1000|3");
-        QCOMPARE(TestDb::Scalar("select ParentGUID||'|'||Price||'|'||Quantity||'|'||Memo from "
-                                "StoreDetail where DateTime='2026-03-07'"),
-                 guid + "|1000|3|");
+        QCOMPARE(
+            row("select StoreGUID,Price,Quantity from BuyPrice where sDate='2026-03-07'", 0, 2),
+            QStringList({guid, "1000", "3"}));
+        QCOMPARE(row("select ParentGUID,Price,Quantity,Memo from StoreDetail where "
+                     "DateTime='2026-03-07'",
+                     0, 3),
+                 QStringList({guid, "1000", "3", ""}));
         QCOMPARE(g->Cell(1, "数量"), QString("8"));
 
         // A negative restock passes and makes a negative layer.
         rec.Yes();
         restock(w, "40", "-2");
         rec.Take();
-        QCOMPARE(TestDb::Scalar(store), "6|99");
+        QCOMPARE(row(store, 0, 1), QStringList({"6", "99"}));
         QCOMPARE(TestDb::Scalar("select min(Quantity) from BuyPrice"), "-2");
         CS_NO_LEFTOVER_BOXES(rec);
     }
@@ -101,12 +104,13 @@ private Q_SLOTS:
 
         const QString storeGuid = TestDb::Scalar("select GUID from Store");
         QCOMPARE(row("select * from Store", 1, 13),
-                 Session::ShopNo + "|K'01|衬衫|青'木|L|白色|棉麻|一等品|杭州|6|1|690'1|B2");
+                 QStringList({Session::ShopNo, "K'01", "衬衫", "青'木", "L", "白色", "棉麻",
+                              "一等品", "杭州", "6", "1", "690'1", "B2"}));
         QCOMPARE(row("select * from StoreDetail", 1, 14),
-                 storeGuid + "|" + Session::ShopNo +
-                     "|K'01|衬衫|青'木|L|白色|棉麻|一等品|1000|6|杭州|首批|2026-04-01");
+                 QStringList({storeGuid, Session::ShopNo, "K'01", "衬衫", "青'木", "L", "白色",
+                              "棉麻", "一等品", "1000", "6", "杭州", "首批", "2026-04-01"}));
         QCOMPARE(row("select StoreGUID,Price,Quantity,sDate from BuyPrice", 0, 3),
-                 storeGuid + "|1000|6|2026-04-01");
+                 QStringList({storeGuid, "1000", "6", "2026-04-01"}));
 
         // The list shows the entry under the history row's key.
         VSGrid* g = buyIn.Grid();
@@ -120,6 +124,51 @@ private Q_SLOTS:
         QCOMPARE(TestDb::Count("Store", "TypeNo='K''01'"), 2);
         QCOMPARE(TestDb::Count("StoreDetail") + TestDb::Count("BuyPrice"), 4);
         QCOMPARE(g->Rows(), 3);
+        CS_NO_LEFTOVER_BOXES(rec);
+    }
+
+    // A search finds nothing, the clerk makes the goods and restocks at once:
+    // the new row is the current one, and nothing is read from the header
+    // row. With no current row a restock does nothing at all.
+    void restockRightAfterNewGoods() {
+        TestDb db;
+        TestDb::AddGoods("OLD1", 5, 99, 40);
+        MsgRecorder rec;
+        frmBuyIn w;
+        VSGrid* g = w.Grid();
+        w.ui()->txtNo->setText("NEW9");
+        QCOMPARE(g->Rows(), 1);
+        Modal::Queue([&](QDialog* d) {
+            auto* f = static_cast<frmGoodsProperty*>(d);
+            f->ui()->txtNo->setText("NEW9");
+            f->ui()->comName->setEditText("衬衫");
+            f->ui()->txtPrice->setText("30");
+            f->ui()->txtSellPrice->setText("80");
+            f->ui()->txtQuantity->setText("2");
+            rec.Yes();
+            f->ui()->cmdPutIn->click();
+            d->close();
+        });
+        w.ui()->cmdNewGoods->click();
+        QCOMPARE(Modal::QueuedCount(), 0);
+        QCOMPARE(rec.TakeTexts(), QStringList({"确认要入库么？"}));
+        QCOMPARE(g->Rows(), 2);
+        QCOMPARE(g->Row(), 1);
+
+        rec.Yes();
+        restock(w, "35", "3");
+        QCOMPARE(rec.TakeTexts(), QStringList({"确认要入库吗？"}));
+        QCOMPARE(TestDb::Count("StoreDetail", "TypeNo='货号' or Name='种类' or Brand='品牌'"), 0);
+        QCOMPARE(TestDb::Count("BuyPrice", "StoreGUID='GUID'"), 0);
+        QCOMPARE(row("select TypeNo,Name,Price,Quantity from StoreDetail where Price=35", 0, 3),
+                 QStringList({"NEW9", "衬衫", "35", "3"}));
+        QCOMPARE(g->TextMatrix(0, g->ColIndex("数量")), QString("数量"));
+        QCOMPARE(g->Cell(1, "数量"), QString("5"));
+
+        g->setRow(0);
+        restock(w, "35", "3");
+        QCOMPARE(TestDb::Count("StoreDetail"), 3);
+        QCOMPARE(g->TextMatrix(0, g->ColIndex("数量")), QString("数量"));
         CS_NO_LEFTOVER_BOXES(rec);
     }
 };
