@@ -23,6 +23,7 @@
 #include "frmGoodsProperty.h"
 #include "frmLogin.h"
 #include "frmMain.h"
+#include "frmPutIn.h"
 #include "frmReLogin.h"
 #include "frmRole.h"
 #include "frmSell.h"
@@ -92,6 +93,7 @@ private Q_SLOTS:
             {"frmbuyInDetail", make<frmbuyInDetail>()},
             {"frmedit", make<frmedit>()},
             {"frmChangePrice", make<frmChangePrice>()},
+            {"frmPutIn", make<frmPutIn>()},
             {"frmSellRole", make<frmSellRole>()},
             {"frmSell", make<frmSell>()},
             {"frmBlankout", make<frmBlankout>()},
