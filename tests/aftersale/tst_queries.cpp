@@ -79,26 +79,19 @@ private Q_SLOTS:
         TestDb db;
         MsgRecorder rec;
         frmMain m;
-        const struct {
-            const char *key, *window;
-            bool tool;
-        } commands[] = {{"ClientBack", "frmClientBack", false},
-                        {"ClientBackChange", "frmClientBackChange", false},
-                        {"Question", "frmQuestion", false},
-                        {"CompanyBack", "frmFactoryBack", false},
-                        {"Back", "frmBackFactoryQuery", false},
-                        {"ClientChangeQuery", "frmBackChangeQuery", false},
-                        {"ClientBackChange", "frmClientBackChange", true},
-                        {"ClientBack", "frmClientBack", true},
-                        {"CompanyBack", "frmFactoryBack", true}};
-        for (const auto& c : commands) {
+        for (const QString c :
+             {"ClientBack=frmClientBack", "ClientBackChange=frmClientBackChange",
+              "Question=frmQuestion", "CompanyBack=frmFactoryBack", "Back=frmBackFactoryQuery",
+              "ClientChangeQuery=frmBackChangeQuery", "tool:ClientBackChange=frmClientBackChange",
+              "tool:ClientBack=frmClientBack", "tool:CompanyBack=frmFactoryBack"}) {
             QString opened;
             Modal::Queue([&](QDialog* d) {
                 opened = d->metaObject()->className();
                 d->reject();
             });
-            (c.tool ? m.ToolButton(c.key) : m.MenuItem(c.key))->trigger();
-            QCOMPARE(opened, QString(c.window));
+            const QString key = c.section('=', 0, 0);
+            (key.startsWith("tool:") ? m.ToolButton(key.mid(5)) : m.MenuItem(key))->trigger();
+            QCOMPARE(opened, c.section('=', 1));
         }
         CS_NO_LEFTOVER_BOXES(rec);
     }

@@ -10,21 +10,14 @@
 #include "ui_frmQuestion.h"
 
 namespace {
-
 void FindGoods(frmQuestion& w, const QString& typeNo) {
-    QLineEdit* box = w.ui()->txtNo;
-    box->setFocus();
-    box->clear();
-    QTest::keyClicks(box, typeNo);
-    Press(box, Qt::Key_Return);
+    w.ui()->txtNo->setText(typeNo);
+    Press(w.ui()->txtNo, Qt::Key_Return);
 }
-
-// Types a quantity and adds the row with the button.
 void Add(frmQuestion& w, const QString& quantity) {
     w.ui()->txtQuatity->setText(quantity);
     w.ui()->cmdAddQuestion->click();
 }
-
 }  // namespace
 
 class TestQuestion : public QObject {
@@ -36,9 +29,7 @@ private Q_SLOTS:
     void piecesOverTwoLayers() {
         TestDb db;
         const QString g = TestDb::AddGoods("Q1", 2, 150, 50, "M", "黑色", "", "2026-01-05");
-        TestDb::Exec("Insert Into BuyPrice (StoreGUID,Price,Quantity,sDate,ShopNo) Values('" + g +
-                     "',60,5,'" + DateText::Today() + "','" + Session::ShopNo + "')");
-        TestDb::Exec("Update Store Set Quantity=7");
+        AddLayer(g, 60, 5);
         MsgRecorder rec;
         frmQuestion w;
         Open(w);
@@ -46,24 +37,21 @@ private Q_SLOTS:
         FindGoods(w, "Q1");
         QCOMPARE(Focus(), ui->VSFlexGrid);
         Press(ui->VSFlexGrid, Qt::Key_Return);
-        QCOMPARE(Focus(), ui->txtQuatity);
-        QTest::keyClicks(ui->txtQuatity, "3");
+        QTest::keyClicks(ui->txtQuatity, "3");  // over the selected "1"
         Press(ui->txtQuatity, Qt::Key_Return);
         QCOMPARE(Focus(), ui->comResion);
         ui->comResion->setEditText("污渍");
         Press(ui->comResion->lineEdit(), Qt::Key_Return);
-        QCOMPARE(Focus(), ui->cmdAddQuestion);
-        Press(ui->cmdAddQuestion, Qt::Key_Return);
-        QCOMPARE(ui->VSQuestion->Cell(1, "数量") + ui->VSQuestion->Cell(1, "质量问题"),
-                 QString("3污渍"));
-        QCOMPARE(ui->VSFlexGrid->Cell(1, "数量"), QString("4"));
-
+        Press(Focus(), Qt::Key_Return);
+        QCOMPARE(ui->VSQuestion->Cell(1, "数量") + ui->VSQuestion->Cell(1, "质量问题") +
+                     ui->VSFlexGrid->Cell(1, "数量"),
+                 QString("3污渍4"));
         ui->cmdOk->click();
         QCOMPARE(Said(rec), QStringList{"I:处理成功！"});
         QCOMPARE(ui->VSQuestion->Rows(), 1);
-        QCOMPARE(Rows("Select Price||':'||Quantity from BuyPrice Order By sDate"),
-                 QString("50:0/60:4"));
-        QCOMPARE(Rows("Select Quantity from Store"), QString("4"));
+        QCOMPARE(Rows("Select Quantity from BuyPrice Order By sDate") + ":" +
+                     Rows("Select Quantity from Store"),
+                 QString("0/4:4"));
         const clsUser& user = Session::User();
         QCOMPARE(
             Rows("Select * from BackStore"),
@@ -78,7 +66,7 @@ private Q_SLOTS:
     // 1.5; every row gets the fault the box shows at confirmation.
     void checksAndCollectedRows() {
         TestDb db;
-        const QString g = TestDb::AddGoods("K1", 2, 100, 30);
+        TestDb::AddGoods("K1", 2, 100, 30);
         MsgRecorder rec;
         frmQuestion w;
         Open(w);
@@ -99,7 +87,6 @@ private Q_SLOTS:
         Press(ui->txtQuatity, Qt::Key_Return);
         QCOMPARE(Said(rec), QStringList{shortText});
         Add(w, "0.5");
-        QCOMPARE(ui->VSQuestion->Rows(), 3);
         ui->comResion->setEditText("B");
         ui->cmdOk->click();
         QCOMPARE(Said(rec), QStringList{"I:处理成功！"});
