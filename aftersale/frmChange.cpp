@@ -147,6 +147,7 @@ void frmChange::txtChangePrice_Enter() {
 }
 
 void frmChange::cmdOk_Click() {
+    if (!owner_) return;  // opened without an exchange window to write into
     const VSGrid* g = ui_->VSFlexGrid;
     const clsSellRole& rules = Session::SellRole();
     if (GoodsEmpty()) {
