@@ -84,7 +84,7 @@ void frmChange::LoadGoods() {
     SetGridCols(g, 1000);
 }
 
-// Any part of the article number finds the goods.
+// Any stretch of the article number finds the goods.
 void frmChange::txtNo_Change() {
     const QString text = ui_->txtNo->text();
     const QString select =

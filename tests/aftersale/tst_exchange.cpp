@@ -163,7 +163,7 @@ private Q_SLOTS:
     }
 
     // Amounts are whole numbers, halves to the even one; "10" is the full
-    // price; Del takes a pair apart; under DearGoodsChange prices compare as texts; an amount
+    // price; Del undoes a pair; under DearGoodsChange prices compare as texts; an amount
     // beyond a 16-bit integer is a run-time error that leaves the picker open.
     void pickerAmountsAndPriceText() {
         TestDb db;
