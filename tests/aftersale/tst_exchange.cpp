@@ -1,0 +1,261 @@
+// Customer exchange with the replacement picker: pairs built on screen and
+// carried out, the money labels, and the rules of both windows.
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QRadioButton>
+#include <functional>
+
+#include "AfterSale.h"
+#include "Modal.h"
+#include "TestRegistry.h"
+#include "frmChange.h"
+#include "frmClientBackChange.h"
+#include "ui_frmChange.h"
+#include "ui_frmClientBackChange.h"
+
+namespace {
+
+// Enter on the selected line opens the picker, where the steps run; a
+// picker they leave open is closed. Without steps the picker must not open.
+void Pick(frmClientBackChange& w, const std::function<void(frmChange&)>& steps = {}) {
+    bool opened = false;
+    auto run = [&](QDialog* d) {
+        opened = true;
+        auto* p = qobject_cast<frmChange*>(d);
+        QVERIFY(p && steps);
+        QApplication::setActiveWindow(p);
+        (void)QTest::qWaitForWindowActive(p);
+        steps(*p);
+        if (p->isVisible()) p->reject();
+    };
+    if (steps) Modal::Queue(run);
+    Modal::SetUnplanned(run);
+    Press(w.ui()->VSFlexGrid, Qt::Key_Return);
+    Modal::SetUnplanned({});
+    QCOMPARE(opened, bool(steps));
+    Open(w);  // active again, as when the picker closes on screen
+}
+
+// In the picker, from the keyboard: the article number, down to the goods,
+// the discount (or the special price), confirmed.
+void Choose(frmChange& p, MsgRecorder& rec, const QString& typeNo, const QString& value,
+            bool special = false) {
+    Ui::frmChange* ui = p.ui();
+    QTest::keyClicks(ui->txtNo, typeNo);
+    Press(ui->txtNo, Qt::Key_Return);
+    Press(ui->VSFlexGrid, Qt::Key_Return);
+    QCOMPARE(Focus(), ui->txtAbate);
+    if (special) Press(ui->txtAbate, Qt::Key_Down);
+    if (value != QStringLiteral("全")) QTest::keyClicks(Focus(), value);  // else as it opens
+    Press(Focus(), Qt::Key_Return);
+    QCOMPARE(Focus(), ui->cmdOk);
+    rec.Yes();
+    Press(ui->cmdOk, Qt::Key_Return);
+}
+
+QString Labels(frmClientBackChange& w) {
+    return w.ui()->lbHave->text() + "/" + w.ui()->lbAmount->text() + "/" +
+           w.ui()->lbBackAdd->text();
+}
+
+void Confirm(frmClientBackChange& w, MsgRecorder& rec) {
+    Press(w.ui()->cmdOk, Qt::Key_Return);
+    QCOMPARE(Said(rec), QStringList{"I:调换成功！"});
+}
+
+void Del(frmClientBackChange& w) {
+    w.PopupMenu()->findChild<QAction*>("Del")->trigger();
+}
+
+const QString kAsk = QStringLiteral("Q:确定要调换吗？");
+
+}  // namespace
+
+class TestExchange : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    // A piece paid 100 swapped for goods at 80, from the keyboard. The line
+    // keeps its key, number, date, seller and payment and takes the new
+    // goods, price and cost; the old goods live on in SellChange.
+    void oneForCheaperGoods() {
+        TestDb db;
+        const QString oldG = TestDb::AddGoods("OLD", 3, 100, 40);
+        const QString newG = TestDb::AddGoods("NEW", 2, 80, 30);
+        const QString line = SellPiece(oldG, "S1", "全", 100, 3);
+        MsgRecorder rec;
+        frmClientBackChange w;
+        Open(w);
+        Ui::frmClientBackChange* ui = w.ui();
+        FindSale(ui, "S1");
+        QCOMPARE(Focus(), ui->txtSellNo);
+        ui->comResion->setEditText("尺码不合适");
+        Press(ui->txtSellNo, Qt::Key_Down);
+        QCOMPARE(Focus(), ui->VSFlexGrid);
+        Pick(w, [&](frmChange& p) { Choose(p, rec, "NEW", "全"); });
+        QCOMPARE(Said(rec), QStringList{kAsk});
+        QVERIFY(w.IsMarked(1));
+        QCOMPARE(Labels(w), QString("100/80/-20"));
+        Confirm(w, rec);
+
+        const clsUser& user = Session::User();
+        const QString layer = "Select ID from BuyPrice Where StoreGUID='";
+        QCOMPARE(Rows("Select * from SellChange").section('|', 1),
+                 QStringList({oldG, Session::ShopNo,
+                              "OLD|T恤|青木|M|黑色|纯棉|一等品|广州|1|100|全|100|40", user.No,
+                              DaysAgo(3), TestDb::Scalar(layer + oldG + "'"), user.Name, "-20",
+                              line, "S1", DateText::Today(), "1|尺码不合适"})
+                     .join('|'));
+        QCOMPARE(
+            Rows("Select * from Sell"),
+            QStringList({line, newG, Session::ShopNo,
+                         "NEW|T恤|青木|M|黑色|纯棉|一等品|广州|1|80|全|80|30|admin", DaysAgo(3),
+                         "S1", TestDb::Scalar(layer + newG + "'"), "管理员|1|500|0"})
+                .join('|'));
+        QCOMPARE(Rows("Select Quantity from Store Order By TypeNo") + ":" +
+                     Rows("Select Quantity from BuyPrice Order By Price"),
+                 QString("1/3:1/3"));
+        QCOMPARE(ui->VSChange->Rows() + ui->VSFlexGrid->Rows(), 2);
+        QCOMPARE(Labels(w), QString("100/80/-20"));
+        CS_NO_LEFTOVER_BOXES(rec);
+    }
+
+    // Two pairs in one run, one at a special price: each old line gets its
+    // own record and added amount, the labels add both and keep their
+    // figures after success; a marked line can't be paired twice.
+    void twoPairsAndDel() {
+        TestDb db;
+        const QString a = TestDb::AddGoods("A", 2, 100, 40);
+        const QString b = TestDb::AddGoods("B", 2, 50, 20);
+        TestDb::AddGoods("X", 2, 199, 90);
+        TestDb::AddGoods("Y", 2, 60, 25);
+        const QString lineA = SellPiece(a, "S2", "全", 100);
+        const QString lineB = SellPiece(b, "S2", "9", 45);
+        MsgRecorder rec;
+        frmClientBackChange w;
+        Open(w);
+        Ui::frmClientBackChange* ui = w.ui();
+        VSGrid* g = ui->VSFlexGrid;
+        FindSale(ui, "S2");
+        g->setRow(RowOf(g, "GUID", lineA));
+        Pick(w, [&](frmChange& p) { Choose(p, rec, "X", "8.5"); });
+        QCOMPARE(Labels(w), QString("100/169/69"));
+        ui->cmdChange->click();
+        QCOMPARE(Said(rec), QStringList({kAsk, "I:该商品已经被调换到下面的列表！"}));
+        QCOMPARE(Focus(), ui->txtSellNo);
+
+        g->setRow(RowOf(g, "GUID", lineB));
+        Pick(w, [&](frmChange& p) { Choose(p, rec, "Y", "40", true); });
+        QCOMPARE(ui->VSChange->Text("折扣") + ui->VSChange->Text("应收金额"), QString("特价40"));
+        QCOMPARE(Labels(w), QString("145/209/64"));
+        QCOMPARE(Said(rec), QStringList{kAsk});
+        Confirm(w, rec);
+        QCOMPARE(Rows("Select TypeNo||':'||AddAmount from SellChange Order By TypeNo"),
+                 QString("A:69/B:-5"));
+        QCOMPARE(Rows("Select TypeNo||':'||Amount||':'||State from Sell Order By TypeNo"),
+                 QString("X:169:1/Y:40:1"));
+        QCOMPARE(Rows("Select Quantity from Store Order By TypeNo"), QString("2/2/1/1"));
+        QCOMPARE(Labels(w), QString("145/209/64"));
+        CS_NO_LEFTOVER_BOXES(rec);
+    }
+
+    // Amounts are whole numbers, halves to the even one; "10" is the full
+    // price; Del undoes a pair; under DearGoodsChange prices compare as texts; an amount
+    // beyond a 16-bit integer is a run-time error that leaves the picker open.
+    void pickerAmountsAndPriceText() {
+        TestDb db;
+        const QString old100 = TestDb::AddGoods("OLD100", 2, 100, 40);
+        const QString old99 = TestDb::AddGoods("OLD99", 2, 99, 40);
+        for (const auto& [typeNo, price] : {std::pair{"P199", 199.0},
+                                            {"P1995", 199.5},
+                                            {"P1985", 198.5},
+                                            {"P99", 99.0},
+                                            {"P100", 100.0},
+                                            {"BIG", 50000.0}})
+            TestDb::AddGoods(typeNo, 3, price, 10);
+        SellPiece(old100, "S100", "全", 100);
+        SellPiece(old99, "S99", "全", 99);
+        MsgRecorder rec;
+        frmClientBackChange w;
+        Open(w);
+        Ui::frmClientBackChange* ui = w.ui();
+        FindSale(ui, "S100");
+        const QStringList cases[] = {
+            {"P199", "8.5", "8.5=169"}, {"P1995", "全", "全=200"}, {"P1985", "10", "全=198"}};
+        for (const QStringList& c : cases) {
+            Pick(w, [&](frmChange& p) { Choose(p, rec, c[0], c[1]); });
+            QCOMPARE(ui->VSChange->Text("折扣") + "=" + ui->VSChange->Text("应收金额"), c[2]);
+            Del(w);
+        }
+        QCOMPARE(Said(rec).size(), 3);
+
+        Session::SellRole().DearGoodsChange = true;
+        Pick(w, [&](frmChange& p) { Choose(p, rec, "P99", "全"); });  // "99" after "100"
+        QCOMPARE(Said(rec), QStringList{kAsk});
+        Del(w);
+        FindSale(ui, "S99");
+        Pick(w, [&](frmChange& p) {
+            p.ui()->txtNo->setText("P100");
+            p.ui()->cmdOk->click();
+        });
+        QCOMPARE(Said(rec), QStringList{"I:对不起只能调换比此商品价格高的商品！"});
+
+        Session::SellRole().DearGoodsChange = false;
+        Pick(w, [&](frmChange& p) {
+            p.ui()->txtNo->setText("BIG");
+            p.ui()->OptChangePrice->click();
+            p.ui()->txtChangePrice->setText("40000");
+            rec.Yes();
+            p.ui()->cmdOk->click();
+            QVERIFY(p.isVisible());
+        });
+        const QStringList said = Said(rec);
+        QCOMPARE(said.value(0), kAsk);
+        QVERIFY(said.value(1).startsWith("E:运行时错误 '6'"));
+        QVERIFY(!w.IsMarked(1));
+        QCOMPARE(ui->VSChange->Rows() - 1 + said.size(), 2);
+        QCOMPARE(Labels(w), QString("0/0/0"));
+        CS_NO_LEFTOVER_BOXES(rec);
+    }
+
+    // The day limit counts the day of sale as day 1; a line exchanged for
+    // discounted goods is refused a second exchange under ChangeOneTime,
+    // before its kind of sale is looked at.
+    void rulesOfTheExchangeWindow() {
+        TestDb db;
+        clsSellRole& rules = Session::SellRole();
+        rules.ChangeDays = 30;
+        rules.ChangeOneTime = rules.AbateCanNotChange = true;
+        const QString g = TestDb::AddGoods("C1", 5, 100, 40);
+        TestDb::AddGoods("C2", 5, 100, 40);
+        SellPiece(g, "D29", "全", 100, 29);
+        SellPiece(g, "D30", "全", 100, 30);
+        MsgRecorder rec;
+        frmClientBackChange w;
+        Open(w);
+        Ui::frmClientBackChange* ui = w.ui();
+        ui->cmdChange->click();
+        FindSale(ui, "D30");
+        Pick(w);
+        QCOMPARE(Said(rec),
+                 QStringList({"I:请选择被调换的商品",
+                              "I:很遗憾！该商品已经超过了规定的调货时间，您无法调换！"}));
+        FindSale(ui, "D29");
+        Pick(w, [&](frmChange& p) { Choose(p, rec, "C2", "9"); });
+        QCOMPARE(Said(rec), QStringList{kAsk});
+        Confirm(w, rec);
+        FindSale(ui, "D29");
+        Pick(w);
+        QCOMPARE(Said(rec), QStringList{"I:对不起，该商品已经调换过一次了，不能进行二次调换了！"});
+        rules.ChangeOneTime = false;
+        Pick(w);
+        QCOMPARE(Said(rec), QStringList{"I:对不起！该商品是折扣商品，您无法调换！"});
+        CS_NO_LEFTOVER_BOXES(rec);
+    }
+};
+
+CS_TEST(TestExchange)
+#include "tst_exchange.moc"
