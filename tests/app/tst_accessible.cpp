@@ -12,18 +12,25 @@
 #include "TestDb.h"
 #include "TestRegistry.h"
 #include "frmAbout.h"
+#include "frmBackChangeQuery.h"
+#include "frmBackFactoryQuery.h"
 #include "frmBackup.h"
 #include "frmBlankOutQuery.h"
 #include "frmBlankout.h"
 #include "frmBuyIn.h"
+#include "frmChange.h"
 #include "frmChangePrice.h"
 #include "frmChangePwd.h"
 #include "frmChangeShop.h"
+#include "frmClientBack.h"
+#include "frmClientBackChange.h"
 #include "frmDataDictionary.h"
+#include "frmFactoryBack.h"
 #include "frmGoodsProperty.h"
 #include "frmLogin.h"
 #include "frmMain.h"
 #include "frmPutIn.h"
+#include "frmQuestion.h"
 #include "frmReLogin.h"
 #include "frmRole.h"
 #include "frmSell.h"
@@ -98,6 +105,13 @@ private Q_SLOTS:
             {"frmSell", make<frmSell>()},
             {"frmBlankout", make<frmBlankout>()},
             {"frmBlankOutQuery", make<frmBlankOutQuery>()},
+            {"frmClientBack", make<frmClientBack>()},
+            {"frmClientBackChange", make<frmClientBackChange>()},
+            {"frmChange", make<frmChange>()},
+            {"frmQuestion", make<frmQuestion>()},
+            {"frmFactoryBack", make<frmFactoryBack>()},
+            {"frmBackFactoryQuery", make<frmBackFactoryQuery>()},
+            {"frmBackChangeQuery", make<frmBackChangeQuery>()},
         };
         QStringList missing;
         for (const auto& [name, create] : windows) {
