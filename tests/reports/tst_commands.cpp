@@ -11,25 +11,24 @@
 class TestReportCommands : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase() { RegisterReportsCommands(); }
-
     void commandsOpenTheirWindows() {
         TestDb db;
         MsgRecorder rec;
+        RegisterReportsCommands();
         frmMain m;
+        QList<QAction*> actions;
+        for (const char* key : {"DayAmount", "AmountTotal", "Profit", "StoreQuery", "SellQuery",
+                                "SellGroup", "OtherOut", "OtherOutQuery"})
+            actions << m.MenuItem(key);
+        actions << m.ToolButton("StoreQuery") << m.ToolButton("SellQuery");
         QStringList titles;
-        const auto open = [&](QAction* a) {
+        for (QAction* a : actions) {
             Modal::Queue([&](QDialog* d) {
                 titles << d->windowTitle();
                 d->reject();
             });
             a->trigger();
-        };
-        for (const char* key : {"DayAmount", "AmountTotal", "Profit", "StoreQuery", "SellQuery",
-                                "SellGroup", "OtherOut", "OtherOutQuery"})
-            open(m.MenuItem(key));
-        open(m.ToolButton("StoreQuery"));
-        open(m.ToolButton("SellQuery"));
+        }
         QCOMPARE(titles,
                  QStringList({"日结算", "结算汇总", "利润分析", "库存查询", "售货查询", "销售排行",
                               "其他支出", "其他指出查询", "库存查询", "售货查询"}));
