@@ -1,5 +1,6 @@
 #include "VolumeData.h"
 
+#include <QCryptographicHash>
 #include <QDate>
 #include <QDir>
 #include <QFile>
@@ -24,6 +25,30 @@ bool check(QSqlQuery& q) {
     if (q.exec()) return true;
     std::fprintf(stderr, "%s\n", qPrintable(q.lastError().text()));
     return false;
+}
+
+// A short key of the delivered file's schema: a cached file made before an
+// index was added to the schema is not taken for one made after.
+QString schemaKey() {
+    QByteArray schema;
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase("QSQLITE", "volume-schema");
+        db.setDatabaseName(QStringLiteral(CS_TEMPLATE_DB));
+        db.setConnectOptions("QSQLITE_OPEN_READONLY");
+        if (db.open()) {
+            QSqlQuery q(db);
+            if (q.exec("select type, name, sql from sqlite_master order by type, name")) {
+                while (q.next())
+                    schema +=
+                        (q.value(0).toString() + q.value(1).toString() + q.value(2).toString())
+                            .toUtf8();
+            }
+        }
+        db.close();
+    }
+    QSqlDatabase::removeDatabase("volume-schema");
+    return QString::fromLatin1(
+        QCryptographicHash::hash(schema, QCryptographicHash::Sha1).toHex().left(8));
 }
 
 }  // namespace
@@ -164,10 +189,11 @@ bool Make(const QString& path, const Volume& v) {
 }
 
 QString Cached(const Volume& v) {
-    const QString path = QDir::temp().filePath(QStringLiteral("clothes-volume-%1-%2-%3.mdb")
+    const QString path = QDir::temp().filePath(QStringLiteral("clothes-volume-%1-%2-%3-%4.mdb")
                                                    .arg(v.goods)
                                                    .arg(v.articles)
-                                                   .arg(v.saleLines));
+                                                   .arg(v.saleLines)
+                                                   .arg(schemaKey()));
     if (QFile::exists(path)) return path;
     const QString tmp = path + ".part";
     if (!Make(tmp, v)) return QString();

@@ -18,7 +18,8 @@ struct Volume {
 bool Make(const QString& path, const Volume& v);
 
 // A data file of the given volume, made once and kept under the system's
-// temporary folder by its size, so repeated benchmark runs reuse it.
+// temporary folder by its size and the delivered schema, so repeated
+// benchmark runs reuse it and a changed schema (a new index) makes a new one.
 QString Cached(const Volume& v);
 
 // The article number of article i, as the generator writes it ("ZM00042").
