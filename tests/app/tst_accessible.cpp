@@ -12,6 +12,7 @@
 #include "TestDb.h"
 #include "TestRegistry.h"
 #include "frmAbout.h"
+#include "frmAmountTotal.h"
 #include "frmBackChangeQuery.h"
 #include "frmBackFactoryQuery.h"
 #include "frmBackup.h"
@@ -25,17 +26,24 @@
 #include "frmClientBack.h"
 #include "frmClientBackChange.h"
 #include "frmDataDictionary.h"
+#include "frmDayAmount.h"
 #include "frmFactoryBack.h"
 #include "frmGoodsProperty.h"
 #include "frmLogin.h"
 #include "frmMain.h"
+#include "frmOtherOut.h"
+#include "frmOtherOutQuery.h"
+#include "frmProfit.h"
 #include "frmPutIn.h"
 #include "frmQuestion.h"
 #include "frmReLogin.h"
 #include "frmRole.h"
 #include "frmSell.h"
+#include "frmSellGroup.h"
+#include "frmSellQuery.h"
 #include "frmSellRole.h"
 #include "frmShopSetting.h"
+#include "frmStore.h"
 #include "frmUser.h"
 #include "frmbatchbuyIn.h"
 #include "frmbuyInDetail.h"
@@ -112,6 +120,14 @@ private Q_SLOTS:
             {"frmFactoryBack", make<frmFactoryBack>()},
             {"frmBackFactoryQuery", make<frmBackFactoryQuery>()},
             {"frmBackChangeQuery", make<frmBackChangeQuery>()},
+            {"frmDayAmount", make<frmDayAmount>()},
+            {"frmAmountTotal", make<frmAmountTotal>()},
+            {"frmProfit", make<frmProfit>()},
+            {"frmStore", make<frmStore>()},
+            {"frmSellQuery", make<frmSellQuery>()},
+            {"frmSellGroup", make<frmSellGroup>()},
+            {"frmOtherOut", make<frmOtherOut>()},
+            {"frmOtherOutQuery", make<frmOtherOutQuery>()},
         };
         QStringList missing;
         for (const auto& [name, create] : windows) {
