@@ -134,10 +134,13 @@ void VSGrid::setCols(int cols) {
     } else {
         model_->beginRemoveColumns(QModelIndex(), cols - 1, old - 2);
         model_->cols_.resize(size_t(cols));
+        model_->boundCols_ = std::min(model_->boundCols_, cols - 1);
         for (GridRow& r : model_->rows_) {
-            if (r.cells.size() > cols - 1) r.cells.resize(cols - 1);
-            for (auto it = r.styles.begin(); it != r.styles.end();) {
-                it = it.key() >= cols ? r.styles.erase(it) : std::next(it);
+            if (!r.own) continue;
+            if (r.own->cells.size() > cols - 1) r.own->cells.resize(cols - 1);
+            QHash<int, CellStyle>& styles = r.own->styles;
+            for (auto it = styles.begin(); it != styles.end();) {
+                it = it.key() >= cols ? styles.erase(it) : std::next(it);
             }
         }
         model_->endRemoveColumns();
@@ -157,7 +160,6 @@ void VSGrid::Bind(const Recordset& rs) {
     }
     beginQuiet();
     const QStringList& names = rs.Names();
-    const std::vector<Recordset::Row>& data = rs.Rows();
 
     // A column keeps its look when the same field comes back in its place, so
     // a window that requeries does not lose its layout.
@@ -173,14 +175,20 @@ void VSGrid::Bind(const Recordset& rs) {
         ci.key = names[c - 1];
     }
 
-    std::vector<GridRow> rows(data.size() + 1);
-    rows[0].cells.reserve(names.size());
-    for (const QString& n : names) rows[0].cells.append(n);
-    for (size_t i = 0; i < data.size(); ++i) rows[i + 1].cells = data[i];  // shared, not copied
+    // The data rows show the recordset's rows where they are.
+    std::vector<GridRow> rows;
+    rows.reserve(size_t(rs.RecordCount()) + 1);
+    rows.emplace_back();
+    Recordset::Row& header = rows[0].edit().cells;
+    header.reserve(names.size());
+    for (const QString& n : names) header.append(n);
+    for (int i = 0; i < rs.RecordCount(); ++i) rows.emplace_back(i);
 
     model_->beginResetModel();
     model_->rows_ = std::move(rows);
     model_->cols_ = std::move(cols);
+    model_->bound_ = rs;
+    model_->boundCols_ = int(names.size());
     model_->endResetModel();
     if (corner_) corner_->update();
 
@@ -199,6 +207,8 @@ void VSGrid::Clear() {
     model_->rows_ = std::move(rows);
     model_->cols_.resize(1);
     model_->cols_[0].key.clear();
+    model_->bound_ = Recordset();
+    model_->boundCols_ = 0;
     model_->endResetModel();
     if (corner_) corner_->update();
     clearSpans();
@@ -336,10 +346,11 @@ void VSGrid::AddItem(const QString& tabText, int row) {
     row = std::max(1, row);
     const QStringList pieces = tabText.split(QLatin1Char('\t'));
     GridRow r;
-    r.title = pieces[0];
+    RowOwn& own = r.edit();
+    own.title = pieces[0];
     const int n = std::min(int(pieces.size()), Cols());
-    r.cells.resize(Cols() - 1);
-    for (int c = 1; c < n; ++c) r.cells[c - 1] = pieces[c];
+    own.cells.resize(Cols() - 1);
+    for (int c = 1; c < n; ++c) own.cells[c - 1] = pieces[c];
 
     beginQuiet();
     model_->beginInsertRows(QModelIndex(), row - 1, row - 1);
@@ -446,13 +457,13 @@ void VSGrid::currentChanged(const QModelIndex& current, const QModelIndex& previ
 
 void VSGrid::setCellBackColor(int row, int col, const QColor& color) {
     if (!model_->inGrid(row, col)) return;
-    model_->rows_[size_t(row)].styles[col].back = color;
+    model_->rows_[size_t(row)].edit().styles[col].back = color;
     model_->changed(row, col);
 }
 
 QColor VSGrid::CellBackColor(int row, int col) const {
     if (model_->inGrid(row, col)) {
-        const auto& styles = model_->rows_[size_t(row)].styles;
+        const auto& styles = model_->rows_[size_t(row)].look().styles;
         const auto it = styles.constFind(col);
         if (it != styles.constEnd() && it->back.isValid()) return it->back;
     }
@@ -461,13 +472,13 @@ QColor VSGrid::CellBackColor(int row, int col) const {
 
 void VSGrid::setCellForeColor(int row, int col, const QColor& color) {
     if (!model_->inGrid(row, col)) return;
-    model_->rows_[size_t(row)].styles[col].fore = color;
+    model_->rows_[size_t(row)].edit().styles[col].fore = color;
     model_->changed(row, col);
 }
 
 void VSGrid::setCellBold(int row, int col, bool bold) {
     if (!model_->inGrid(row, col)) return;
-    model_->rows_[size_t(row)].styles[col].bold = bold ? 1 : 0;
+    model_->rows_[size_t(row)].edit().styles[col].bold = bold ? 1 : 0;
     model_->changed(row, col);
 }
 

@@ -4,8 +4,10 @@
 // A grid bound to a recordset gets the fields from column 1 on, and each
 // column's key is the field's name (the query's alias), looked up ignoring case.
 //
-// Model/view: cells are kept in one table of values, so binding a large
-// recordset costs no widget per cell.
+// Model/view: a bound grid shows the recordset's own table in place (a value
+// becomes text when its cell is shown or read), and what is set or edited is
+// kept beside it, so binding a large recordset costs neither a widget nor a
+// copy per cell.
 #include <QColor>
 #include <QTableView>
 #include <QVariant>

@@ -7,6 +7,7 @@
 #include <QFont>
 #include <QHash>
 #include <algorithm>
+#include <memory>
 #include <vector>
 
 #include "Convert.h"
@@ -25,7 +26,9 @@ struct CellStyle {
     int bold = -1;  // -1: as the row
 };
 
-struct GridRow {
+// What a row holds of its own: the fixed cell, the cells of a row that is
+// not bound to the result (added, edited, a total row) and the look.
+struct RowOwn {
     QVariant title;                // column 0
     Recordset::Row cells;          // columns 1.., may be shorter than the grid
     QHash<int, CellStyle> styles;  // by column, only for cells that have one
@@ -33,6 +36,36 @@ struct GridRow {
     bool bold = false;
     bool subtotal = false;
     int level = 0;  // of a total row: the column it groups on, -1 for a grand total
+};
+
+// A row of the grid. A row bound to the result shows that result's row in
+// columns 1.. (the values stay in the recordset, converted when shown); the
+// first edit of one of its cells gives it cells of its own. A bound row
+// that nothing was set on costs no more than its index.
+struct GridRow {
+    int source = -1;              // row of the bound result; -1: the cells are its own
+    std::unique_ptr<RowOwn> own;  // null until something is set on the row
+
+    GridRow() = default;
+    explicit GridRow(int boundRow) : source(boundRow) {}
+    GridRow(GridRow&&) noexcept = default;
+    GridRow& operator=(GridRow&&) noexcept = default;
+    GridRow(const GridRow& o)
+        : source(o.source), own(o.own ? std::make_unique<RowOwn>(*o.own) : nullptr) {}
+    GridRow& operator=(const GridRow& o) {
+        if (this != &o) *this = GridRow(o);
+        return *this;
+    }
+
+    const RowOwn& look() const {
+        static const RowOwn none;
+        return own ? *own : none;
+    }
+    RowOwn& edit() {
+        if (!own) own = std::make_unique<RowOwn>();
+        return *own;
+    }
+    bool subtotal() const { return own && own->subtotal; }
 };
 
 struct ColInfo {
@@ -44,7 +77,22 @@ struct ColInfo {
     bool merge = false;
 };
 
-inline Qt::Alignment qtAlignment(int alignment, const QVariant& value) {
+// A number stands to the right in a column of general alignment.
+inline bool isNumber(const QVariant& value) {
+    switch (value.typeId()) {
+        case QMetaType::Int:
+        case QMetaType::LongLong:
+        case QMetaType::UInt:
+        case QMetaType::ULongLong:
+        case QMetaType::Double:
+        case QMetaType::Float:
+            return true;
+        default:
+            return false;
+    }
+}
+
+inline Qt::Alignment qtAlignment(int alignment, bool number) {
     switch (alignment) {
         case 0:
             return Qt::AlignLeft | Qt::AlignTop;
@@ -65,17 +113,7 @@ inline Qt::Alignment qtAlignment(int alignment, const QVariant& value) {
         case 8:
             return Qt::AlignRight | Qt::AlignBottom;
         default:
-            switch (value.typeId()) {
-                case QMetaType::Int:
-                case QMetaType::LongLong:
-                case QMetaType::UInt:
-                case QMetaType::ULongLong:
-                case QMetaType::Double:
-                case QMetaType::Float:
-                    return Qt::AlignRight | Qt::AlignVCenter;
-                default:
-                    return Qt::AlignLeft | Qt::AlignVCenter;
-            }
+            return number ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter;
     }
 }
 
@@ -119,22 +157,111 @@ public:
         return row >= 0 && row < gridRows() && col >= 0 && col < gridCols();
     }
 
-    const QVariant& value(int row, int col) const {
-        static const QVariant empty;
+    // The result the grid is bound to, and how many of its fields columns
+    // 1.. show (fewer when the grid lost columns since).
+    Recordset bound_;
+    int boundCols_ = 0;
+
+    // Where a cell's value is: a field of the bound result, a variant of the
+    // row's own, or nowhere (an empty cell).
+    struct CellRef {
+        int source = -1;  // row of the bound result, field `field`
+        int field = 0;
+        const QVariant* value = nullptr;
+    };
+    CellRef ref(int row, int col) const {
         const GridRow& r = rows_[size_t(row)];
-        if (col == 0) return r.title;
-        return col - 1 < r.cells.size() ? r.cells[col - 1] : empty;
+        if (col == 0) return {-1, 0, r.own ? &r.own->title : nullptr};
+        if (r.source >= 0)
+            return col <= boundCols_ ? CellRef{r.source, col - 1, nullptr} : CellRef{};
+        if (r.own && col - 1 < r.own->cells.size()) return {-1, 0, &r.own->cells[col - 1]};
+        return {};
     }
-    QString text(int row, int col) const { return Convert::VarText(value(row, col)); }
+
+    QString text(int row, int col) const {
+        const CellRef c = ref(row, col);
+        if (c.source >= 0) return bound_.TextAt(c.source, c.field);
+        return c.value ? Convert::VarText(*c.value) : QString();
+    }
+
+    bool number(int row, int col) const {
+        const CellRef c = ref(row, col);
+        if (c.source < 0) return c.value && isNumber(*c.value);
+        switch (bound_.KindAt(c.source, c.field)) {
+            case Recordset::Kind::Integer:
+            case Recordset::Kind::Double:
+                return true;
+            case Recordset::Kind::Other:
+                return isNumber(bound_.ValueAt(c.source, c.field));
+            default:
+                return false;
+        }
+    }
+
+    // The cell's number for sums: non-numeric cells count 0.
+    double numeric(int row, int col) const {
+        const CellRef c = ref(row, col);
+        if (c.source < 0) return c.value ? numericValue(*c.value) : 0.0;
+        switch (bound_.KindAt(c.source, c.field)) {
+            case Recordset::Kind::Integer:
+                return double(bound_.IntegerAt(c.source, c.field));
+            case Recordset::Kind::Double:
+                return bound_.DoubleAt(c.source, c.field);
+            case Recordset::Kind::Null:
+            case Recordset::Kind::Absent:
+                return 0.0;
+            case Recordset::Kind::Other:
+                return numericValue(bound_.ValueAt(c.source, c.field));
+            default: {
+                const QString t = bound_.TextAt(c.source, c.field);
+                return Convert::IsNumeric(t) ? Convert::CDbl(t) : 0.0;
+            }
+        }
+    }
+
+    bool emptyText(int row, int col) const {
+        const CellRef c = ref(row, col);
+        if (c.source < 0) return !c.value || Convert::VarText(*c.value).isEmpty();
+        switch (bound_.KindAt(c.source, c.field)) {
+            case Recordset::Kind::Null:
+            case Recordset::Kind::Absent:
+                return true;
+            case Recordset::Kind::Text:
+            case Recordset::Kind::Blob:
+                return bound_.BytesAt(c.source, c.field).isEmpty();
+            default:
+                return text(row, col).isEmpty();
+        }
+    }
+
+    // Whether two rows show the same text in a column; bound texts are
+    // compared as they are stored.
+    bool sameText(int row1, int row2, int col) const {
+        const CellRef a = ref(row1, col);
+        const CellRef b = ref(row2, col);
+        if (a.source >= 0 && b.source >= 0) {
+            const Recordset::Kind ka = bound_.KindAt(a.source, a.field);
+            if (ka == Recordset::Kind::Text && bound_.KindAt(b.source, b.field) == ka)
+                return bound_.BytesAt(a.source, a.field) == bound_.BytesAt(b.source, b.field);
+        }
+        return text(row1, col) == text(row2, col);
+    }
 
     void store(int row, int col, const QVariant& v) {
         GridRow& r = rows_[size_t(row)];
+        RowOwn& own = r.edit();
         if (col == 0) {
-            r.title = v;
+            own.title = v;
             return;
         }
-        if (r.cells.size() < col) r.cells.resize(std::max(col, gridCols() - 1));
-        r.cells[col - 1] = v;
+        if (r.source >= 0) {
+            // The first edit of a bound row: its values become its own.
+            own.cells.resize(boundCols_);
+            for (int c = 0; c < boundCols_; ++c) own.cells[c] = bound_.ValueAt(r.source, c);
+            r.source = -1;
+        }
+        if (own.cells.size() < col) own.cells.resize(std::max(col, gridCols() - 1));
+        own.cells[col - 1] = v;
     }
 
     // Tells the view that a cell changed, wherever it is shown.
@@ -163,7 +290,7 @@ public:
     }
 
     QVariant style(int row, int col, int role) const {
-        const GridRow& r = rows_[size_t(row)];
+        const RowOwn& r = rows_[size_t(row)].look();
         const auto it = r.styles.constFind(col);
         const CellStyle* cs = it == r.styles.constEnd() ? nullptr : &it.value();
         switch (role) {
@@ -208,7 +335,7 @@ public:
                 if (!ci.checkBox) return {};
                 return text(row, col) == QLatin1String("-1") ? Qt::Checked : Qt::Unchecked;
             case Qt::TextAlignmentRole:
-                return int(qtAlignment(ci.alignment, value(row, col)));
+                return int(qtAlignment(ci.alignment, number(row, col)));
             case Qt::BackgroundRole:
             case Qt::ForegroundRole:
             case Qt::FontRole:
@@ -227,7 +354,7 @@ public:
                 return text(row, col);
             case Qt::TextAlignmentRole:
                 if (orientation == Qt::Vertical)
-                    return int(qtAlignment(cols_[0].alignment, value(row, col)));
+                    return int(qtAlignment(cols_[0].alignment, number(row, col)));
                 return {};
             case Qt::BackgroundRole:
             case Qt::ForegroundRole:
@@ -241,7 +368,7 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override {
         if (!index.isValid()) return Qt::NoItemFlags;
         Qt::ItemFlags f = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-        if (!grid_->editable_ || rows_[size_t(index.row() + 1)].subtotal) return f;
+        if (!grid_->editable_ || rows_[size_t(index.row() + 1)].subtotal()) return f;
         if (cols_[size_t(index.column() + 1)].checkBox) return f | Qt::ItemIsUserCheckable;
         return f | Qt::ItemIsEditable;
     }
@@ -251,7 +378,7 @@ public:
         if (!index.isValid() || !grid_->editable_) return false;
         const int row = index.row() + 1;
         const int col = index.column() + 1;
-        if (rows_[size_t(row)].subtotal) return false;
+        if (rows_[size_t(row)].subtotal()) return false;
         const bool checkBox = cols_[size_t(col)].checkBox;
         if (role == Qt::CheckStateRole && checkBox) {
             bool cancel = false;

@@ -10,7 +10,7 @@ void VSGrid::Subtotal(SubtotalFunction fn, int groupOn, int totalOn, const QStri
                       QColor foreColor, bool bold, const QString& caption, bool above) {
     const std::vector<GridRow>& old = model_->rows_;
     if (fn == SubtotalClear &&
-        std::none_of(old.begin(), old.end(), [](const GridRow& r) { return r.subtotal; })) {
+        std::none_of(old.begin(), old.end(), [](const GridRow& r) { return r.subtotal(); })) {
         return;
     }
     const int oldCur = Row();
@@ -20,7 +20,8 @@ void VSGrid::Subtotal(SubtotalFunction fn, int groupOn, int totalOn, const QStri
     std::vector<int> moved(old.size(), 0);  // old row -> new row, 0 when gone
 
     auto makeTotal = [&](double sum, int captionCol, const QString& text) {
-        GridRow t;
+        GridRow row;
+        RowOwn& t = row.edit();
         t.subtotal = true;
         t.level = -1;
         t.fore = foreColor;
@@ -37,7 +38,7 @@ void VSGrid::Subtotal(SubtotalFunction fn, int groupOn, int totalOn, const QStri
         } else if (totalOn == 0) {
             t.title = Convert::Formatted(sum, format);
         }
-        return t;
+        return row;
     };
     const bool sums = totalOn >= 0 && totalOn < Cols();
 
@@ -45,8 +46,8 @@ void VSGrid::Subtotal(SubtotalFunction fn, int groupOn, int totalOn, const QStri
         // Drop every total row; a grand total then adds its one row.
         double sum = 0;
         for (int r = 1; r < Rows(); ++r) {
-            if (old[size_t(r)].subtotal) continue;
-            if (sums) sum += numericValue(model_->value(r, totalOn));
+            if (old[size_t(r)].subtotal()) continue;
+            if (sums) sum += model_->numeric(r, totalOn);
             rows.push_back(old[size_t(r)]);
             moved[size_t(r)] = int(rows.size()) - 1;
         }
@@ -93,7 +94,7 @@ void VSGrid::Subtotal(SubtotalFunction fn, int groupOn, int totalOn, const QStri
         };
         Group* cur = nullptr;
         for (int r = 1; r < Rows(); ++r) {
-            const GridRow& row = old[size_t(r)];
+            const RowOwn& row = old[size_t(r)].look();
             if (row.subtotal && row.level >= 0 && row.level < groupOn) {
                 cur = nullptr;  // a shallower total ends the group
                 order.emplace_back(r, 0);
@@ -117,7 +118,7 @@ void VSGrid::Subtotal(SubtotalFunction fn, int groupOn, int totalOn, const QStri
                 cur->key = key;
             }
             cur->members.push_back(r);
-            if (sums) cur->sum += numericValue(model_->value(r, totalOn));
+            if (sums) cur->sum += model_->numeric(r, totalOn);
         }
         for (const auto& [r, g] : order) {
             if (r > 0) {
@@ -129,17 +130,18 @@ void VSGrid::Subtotal(SubtotalFunction fn, int groupOn, int totalOn, const QStri
             GridRow t;
             if (grp.total > 0) {
                 t = old[size_t(grp.total)];
-                t.fore = foreColor;
-                t.bold = bold;
+                RowOwn& own = t.edit();
+                own.fore = foreColor;
+                own.bold = bold;
                 if (sums) {
                     if (totalOn == 0)
-                        t.title = Convert::Formatted(grp.sum, format);
+                        own.title = Convert::Formatted(grp.sum, format);
                     else
-                        t.cells[totalOn - 1] = Convert::Formatted(grp.sum, format);
+                        own.cells[totalOn - 1] = Convert::Formatted(grp.sum, format);
                 }
             } else {
                 t = makeTotal(grp.sum, captionCol, caption.isEmpty() ? grp.key : caption);
-                t.level = groupOn;
+                t.edit().level = groupOn;
             }
             auto place = [&] {
                 rows.push_back(std::move(t));
@@ -175,7 +177,7 @@ void VSGrid::Subtotal(SubtotalFunction fn, int groupOn, int totalOn, const QStri
 }
 
 bool VSGrid::IsSubtotal(int row) const {
-    return row >= 1 && row < Rows() && model_->rows_[size_t(row)].subtotal;
+    return row >= 1 && row < Rows() && model_->rows_[size_t(row)].subtotal();
 }
 
 double VSGrid::Sum(int col, int r1, int r2) const {
@@ -184,7 +186,7 @@ double VSGrid::Sum(int col, int r1, int r2) const {
     r1 = std::max(r1, 0);
     r2 = std::min(r2, Rows() - 1);
     double sum = 0;
-    for (int r = r1; r <= r2; ++r) sum += numericValue(model_->value(r, col));
+    for (int r = r1; r <= r2; ++r) sum += model_->numeric(r, col);
     return sum;
 }
 
@@ -215,10 +217,9 @@ void VSGrid::recomputeMerge() {
         if (!model_->cols_[size_t(c)].merge) continue;
         int r = 1;
         while (r < Rows()) {
-            const QString t = model_->text(r, c);
             int end = r + 1;
-            if (!t.isEmpty() && !IsSubtotal(r)) {
-                while (end < Rows() && !IsSubtotal(end) && model_->text(end, c) == t) ++end;
+            if (!IsSubtotal(r) && !model_->emptyText(r, c)) {
+                while (end < Rows() && !IsSubtotal(end) && model_->sameText(r, end, c)) ++end;
             }
             if (end - r > 1) {
                 setSpan(r - 1, c - 1, end - r, 1);
