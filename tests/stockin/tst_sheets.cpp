@@ -85,6 +85,7 @@ private Q_SLOTS:
             {Truncated(file("good.xlsx"), file("cut.xlsx")), "文件已损坏，无法读取！"},
             {Truncated(Made("supplier.xls"), file("cut.xls")), "文件已损坏，无法读取！"},
             {Made("encrypted.xlsx"), "文件设有密码保护，无法读取！"},
+            {Made("encrypted.xls"), "文件设有密码保护，无法读取！"},
         };
         for (const auto& [path, reason] : cases) {
             QString error;
