@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <algorithm>
+#include <limits>
 
 #include "Convert.h"
 #include "DateText.h"
@@ -90,7 +92,10 @@ void frmPutIn::cmdPutIn_Click() {
 
     QProgressBar* bar = ui_->ProgressBar;
     bar->setMinimum(1);
-    bar->setMaximum(std::max(1, (endRow - beginRow + 1) * (sizeECol - sizeBCol + 1)));
+    // Rows times size columns; with settings of 16 bits the product may pass the
+    // range of int.
+    const qint64 cells = qint64(endRow - beginRow + 1) * (sizeECol - sizeBCol + 1);
+    bar->setMaximum(int(std::clamp<qint64>(cells, 1, std::numeric_limits<int>::max())));
     bar->reset();
     bar->show();
     QElapsedTimer sinceRepaint;

@@ -57,14 +57,33 @@ private:
     int cols_ = 0;
 };
 
-// A compound document without a workbook is a password-protected .xlsx when
-// it holds Excel's encrypted package (its stream names are UTF-16).
-bool holdsEncryptedPackage(const QString& path) {
+// Whether a workbook stream begins with Excel's password record: the FILEPASS
+// record (0x002F) right behind the BOF record (0x0809) of the workbook globals.
+// The records behind it are ciphered, so that reading them fails on the way.
+bool beginsWithPassword(const QByteArray& bytes) {
+    const auto word = [&](qsizetype at) {
+        return at + 2 <= bytes.size() ? quint16(uchar(bytes[at]) | uchar(bytes[at + 1]) << 8)
+                                      : quint16(0);
+    };
+    for (qsizetype at = bytes.indexOf("\x09\x08"); at >= 0;
+         at = bytes.indexOf("\x09\x08", at + 1)) {
+        const quint16 version = word(at + 4);
+        if ((version == 0x0600 || version == 0x0500) && word(at + 6) == 0x0005)
+            return word(at + 4 + word(at + 2)) == 0x002F;
+    }
+    return false;
+}
+
+// A compound document that does not read as a workbook is kept closed by a
+// password when it holds Excel's encrypted package (an .xlsx with a password;
+// its stream names are UTF-16) or a workbook that begins with the password record.
+bool passwordProtected(const QString& path) {
     QFile f(path);
     if (!f.open(QIODevice::ReadOnly)) return false;
+    const QByteArray bytes = f.readAll();
     const QString name = QStringLiteral("EncryptedPackage");
     const QByteArray utf16(reinterpret_cast<const char*>(name.utf16()), name.size() * 2);
-    return f.readAll().contains(utf16);
+    return bytes.contains(utf16) || beginsWithPassword(bytes);
 }
 
 }  // namespace
@@ -74,12 +93,13 @@ namespace XlsSheet {
 std::unique_ptr<Sheet> Open(const QString& path, Refusal& why) {
     const void* handle = nullptr;
     const int rc = freexl_open(QFile::encodeName(path).constData(), &handle);
-    if (rc != FREEXL_OK) {
+    // A workbook that fails half-way through its records can come back as
+    // read, but without a handle.
+    if (rc != FREEXL_OK || !handle) {
         freexl_close(handle);  // it may hold what was read before the failure
-        if (rc == FREEXL_BIFF_WORKBOOK_NOT_FOUND)
-            why = holdsEncryptedPackage(path) ? Refusal::Password : Refusal::NotASheet;
-        else
-            why = Refusal::Damaged;
+        why = passwordProtected(path)                ? Refusal::Password
+              : rc == FREEXL_BIFF_WORKBOOK_NOT_FOUND ? Refusal::NotASheet
+                                                     : Refusal::Damaged;
         return nullptr;
     }
     auto book = std::make_unique<Workbook>(handle);

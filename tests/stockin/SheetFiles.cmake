@@ -7,7 +7,8 @@ find_program(XLWT_PYTHON python3 PATHS /usr/bin NO_DEFAULT_PATH REQUIRED)
 
 set(sheet_dir ${CMAKE_CURRENT_BINARY_DIR}/stockin_sheets)
 set(sheet_json ${CMAKE_CURRENT_SOURCE_DIR}/stockin/supplier_sheet.json)
-set(sheet_files ${sheet_dir}/supplier.xls ${sheet_dir}/encrypted.xlsx ${sheet_dir}/notabook.xls)
+set(sheet_files ${sheet_dir}/supplier.xls ${sheet_dir}/encrypted.xls ${sheet_dir}/encrypted.xlsx
+  ${sheet_dir}/notabook.xls)
 add_custom_command(OUTPUT ${sheet_files}
   COMMAND ${CMAKE_COMMAND} -E make_directory ${sheet_dir}
   COMMAND ${XLWT_PYTHON} ${CMAKE_CURRENT_SOURCE_DIR}/stockin/make_xls.py ${sheet_json} ${sheet_dir}

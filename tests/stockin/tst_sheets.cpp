@@ -22,13 +22,11 @@ private Q_SLOTS:
         WriteXlsx(file("shared.xlsx"), rows);
         WriteXlsx(file("inline.xlsx"), rows, true);
         WriteCsv(file("utf8.csv"), rows);
-        WriteCsv(file("gb.csv"), rows, "GB18030");
-        // Names that lie: the content decides.
+        // Names that lie: the content decides (a .csv of a Chinese desktop here).
         QFile::copy(file("shared.xlsx"), file("named.xls"));
         WriteCsv(file("gb-named.xls"), rows, "GB18030");
-        for (const QString& path :
-             {Made("supplier.xls"), file("shared.xlsx"), file("inline.xlsx"), file("utf8.csv"),
-              file("gb.csv"), file("named.xls"), file("gb-named.xls")}) {
+        for (const QString& path : {Made("supplier.xls"), file("shared.xlsx"), file("inline.xlsx"),
+                                    file("utf8.csv"), file("named.xls"), file("gb-named.xls")}) {
             QString error = "untouched";
             const auto sheet = Sheets::Open(path, &error);
             QVERIFY2(sheet, qPrintable(path + ": " + error));
@@ -85,6 +83,7 @@ private Q_SLOTS:
             {Truncated(file("good.xlsx"), file("cut.xlsx")), "文件已损坏，无法读取！"},
             {Truncated(Made("supplier.xls"), file("cut.xls")), "文件已损坏，无法读取！"},
             {Made("encrypted.xlsx"), "文件设有密码保护，无法读取！"},
+            {Made("encrypted.xls"), "文件设有密码保护，无法读取！"},
         };
         for (const auto& [path, reason] : cases) {
             QString error;
