@@ -96,8 +96,9 @@ void frmClientBack::cmdQuery_Click() {
                       ui_->txtSellNo->text(), ui_->chkType->isChecked(), ui_->txtType->text());
     Recordset rs = Session::Dbopt().Excute(
         SellSelect(condition + " And ShopNo='" + Session::ShopNo + "' And State<2"));
-    // A failed or empty search leaves the lines found before.
-    if (!rs.IsOpen() || rs.Eof()) {
+    // An empty search leaves the lines found before. A failed one has shown
+    // the engine's text, and reading its result raises the run-time error.
+    if (rs.Eof()) {
         ui_->lbTip->setText(QStringLiteral("无记录！"));
         return;
     }

@@ -127,7 +127,9 @@ void frmClientBackChange::cmdQuery_Click() {
                       ui_->txtSellNo->text(), ui_->chkType->isChecked(), ui_->txtType->text());
     Recordset rs = Session::Dbopt().Excute(
         SellSelect(condition + " And ShopNo='" + Session::ShopNo + "' And State<2"));
-    if (!rs.IsOpen() || rs.Eof()) {
+    // A failed search has shown the engine's text; reading its result
+    // raises the run-time error.
+    if (rs.Eof()) {
         ui_->lbTip->setText(QStringLiteral("无记录！"));
         return;
     }

@@ -111,6 +111,13 @@ private Q_SLOTS:
 
         FindSale(ui, "NONE");
         QCOMPARE(ui->lbTip->text(), QString("无记录！"));
+        // A quote breaks the search: the engine's text, then the run-time
+        // error of reading its result; the lines stay.
+        FindSale(ui, "S'1");
+        const QStringList broken = Said(rec);
+        QCOMPARE(broken.size(), 2);
+        QVERIFY(broken[1].startsWith("E:运行时错误 '3704'"));
+        QCOMPARE(grid->Rows() - 1, 1);
         ui->Opt->setFocus();
         Press(ui->Opt, Qt::Key_Right);
         QVERIFY(ui->OptQuestion->isChecked());
