@@ -11,6 +11,7 @@ class VSGrid;
 // of the rows it adds up.
 void AddSums(VSGrid* grid, int groupOn, int totalOn, const QString& caption, bool above = false);
 
-// The print button of the stock and sales queries: opens the print window
-// on a copy of the grid, its total row included.
+// The print button of the stock and sales queries: hands the grid, its total
+// rows included, to the print window. Until that window is part of the
+// program, the button opens nothing.
 void PrintGrid(VSGrid* grid, QWidget* parent);

@@ -15,14 +15,13 @@ frmAmountTotal::frmAmountTotal(QWidget* parent)
     ui_->DTEndTime->setDate(QDate::currentDate());
     On(ui_->cmdQuery, &QPushButton::clicked, this, [this] { cmdQuery_Click(); });
 
-    // The headers before the first query.
+    // The headers before the first query; the columns are sized by the query.
     Guard::Run([this] {
         ui_->VSAmountTotal->Bind(Session::Dbopt().Excute(
             "Select ShopName as 店面, Seller as 销售员,DateTime as 日期,SellQuantity as 售货数量, "
             "SellAmount as 售货金额 ,BackQuantity as 退货数量,BackAmount as 退货金额,"
             "ChangeQuantity as 调换数量,ChangeAmount as 调换金额,ReciveAmount as 结算金额 from "
             "DayAmount Where GUID=''"));
-        SetGridCols(ui_->VSAmountTotal, 1200);
     });
 }
 
