@@ -1,5 +1,7 @@
 #include "MsgBox.h"
 
+#include "UserAction.h"
+
 namespace MsgBox {
 
 namespace {
@@ -21,6 +23,7 @@ QString AppTitle() {
 
 Answer Show(const QString& text, Icon icon, Buttons buttons, const QString& title) {
     Box box{text, icon, buttons, title.isEmpty() ? AppTitle() : title};
+    UserAction::BeforeWaiting();
     if (presenter()) return presenter()(box);
     // No presenter (a tool without windows): the first button.
     return buttons == Buttons::YesNo || buttons == Buttons::YesNoCancel ? Answer::Yes : Answer::Ok;

@@ -17,3 +17,7 @@ void UserAction::End() {
     if (Session::HasDbopt()) Session::Dbopt().LeaveAction(depth_);
     clsDbopt::LeaveActionDepth();
 }
+
+void UserAction::BeforeWaiting() {
+    if (Session::HasDbopt()) Session::Dbopt().CommitBeforeWaiting();
+}

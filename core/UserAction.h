@@ -9,9 +9,16 @@ public:
     UserAction(const UserAction&) = delete;
     UserAction& operator=(const UserAction&) = delete;
 
-    // Ends the action now (before a message box that closes the handler, so
-    // that no other till waits on it).
+    // Ends the action now (before the box of a run-time error).
     void End();
+
+    // The program is about to wait for the user (a message box, a window
+    // opened from the handler): what the action wrote so far is committed
+    // now, so that no other till waits on a person. Later writes of the same
+    // action begin a transaction of their own. The box that reports a failed
+    // statement does not end the transaction: the statements that follow it
+    // still belong to the same action.
+    static void BeforeWaiting();
 
 private:
     int depth_;

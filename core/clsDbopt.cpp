@@ -177,7 +177,9 @@ Recordset clsDbopt::Excute(const QString& SQL, bool& IsErr) {
         }
     }
     IsErr = true;
+    reporting_ = true;
     MsgBox::Show(error);
+    reporting_ = false;
     return Recordset();
 }
 
@@ -224,6 +226,10 @@ void clsDbopt::LeaveAction(int depth) {
         exec("ROLLBACK");
         ownTrans_ = false;
     }
+}
+
+void clsDbopt::CommitBeforeWaiting() {
+    if (!reporting_) endActionTransaction();
 }
 
 void clsDbopt::beginActionTransaction() {

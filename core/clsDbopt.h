@@ -57,6 +57,9 @@ public:
     // transaction it began. Then LeaveActionDepth steps out of it.
     void LeaveAction(int depth);
     static void LeaveActionDepth();
+    // Commits the action's transaction before the program waits for the
+    // user, unless the wait is the box of a failed statement.
+    void CommitBeforeWaiting();
     bool InTransaction() const;
 
     QSqlDatabase& Connection() { return db_; }
@@ -68,7 +71,8 @@ private:
 
     QString name_;
     QSqlDatabase db_;
-    int actionBegunAt_ = 0;  // depth of the action whose transaction is open, 0 for none
-    bool ownTrans_ = false;  // BeginTrans of the caller is open
-    int ownTransAt_ = 0;     // depth of the action that opened it
+    int actionBegunAt_ = 0;   // depth of the action whose transaction is open, 0 for none
+    bool ownTrans_ = false;   // BeginTrans of the caller is open
+    int ownTransAt_ = 0;      // depth of the action that opened it
+    bool reporting_ = false;  // showing the engine's text of a failed statement
 };

@@ -4,6 +4,8 @@
 #include <QPointer>
 #include <QTimer>
 
+#include "UserAction.h"
+
 namespace Modal {
 
 namespace {
@@ -28,6 +30,7 @@ int QueuedCount() {
 }
 
 int Show(QDialog* window) {
+    UserAction::BeforeWaiting();
     window->setWindowModality(Qt::ApplicationModal);
     if (!queue().isEmpty()) {
         Steps steps = queue().takeFirst();

@@ -202,13 +202,27 @@ private Q_SLOTS:
         QVERIFY(!db.InTransaction());
         QCOMPARE(TestDb::Count("Shop"), 3);
 
+        // A box that waits for the user (not the one of a failed statement)
+        // commits what was written; later writes begin anew.
+        bool openAtBox = true, openAfter = false;
+        Guard::Run([&] {
+            db.Excute("Insert Into Shop Values('{F}','六店')");
+            MsgBox::Info(QStringLiteral("保存成功！"));
+            openAtBox = db.InTransaction();
+            db.Excute("Insert Into Shop Values('{G}','七店')");
+            openAfter = db.InTransaction();
+        });
+        QVERIFY(!openAtBox);
+        QVERIFY(openAfter);
+        QCOMPARE(TestDb::Count("Shop"), 5);
+
         // A run-time error ends the handler; what it wrote is committed.
         Guard::Run([&] {
             db.Excute("Insert Into Shop Values('{C}','三店')");
             throw RuntimeError(RuntimeError::overflow());
         });
         QVERIFY(!db.InTransaction());
-        QCOMPARE(TestDb::Count("Shop"), 4);
+        QCOMPARE(TestDb::Count("Shop"), 6);
 
         // The caller's own transaction left open by an error is undone.
         Guard::Run([&] {
