@@ -7,6 +7,10 @@ pkgs=(
   qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite qt6-qpa-plugins libgl-dev
   libbenchmark-dev libsqlite3-dev pkg-config
   fonts-wqy-microhei xvfb xauth
+  # reports: .xlsx workbooks, a Song (Ming) typeface found through fontconfig
+  libxlsxwriter-dev libfontconfig-dev fonts-arphic-uming
+  # tests only: PDF files and workbooks read back
+  poppler-utils unzip
 )
 missing=()
 for p in "${pkgs[@]}"; do
