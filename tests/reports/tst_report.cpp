@@ -35,6 +35,21 @@ QStringList Codes(const QString& page) {
         out << m.captured();
     return out;
 }
+
+// Words of a PDF page lying in the page footer band (the 21 points above the
+// one-inch bottom margin) or running into it from above.
+QStringList FooterWords(const QString& file, int page) {
+    const QString html = Tool("pdftotext", {"-bbox", "-f", QString::number(page), "-l",
+                                            QString::number(page), file, "-"});
+    const double height =
+        QRegularExpression("height=\"([\\d.]+)\"").match(html).captured(1).toDouble();
+    const double footerTop = height - 72 - 21;
+    QStringList out;
+    QRegularExpression word("yMin=\"([\\d.]+)\" xMax=\"[\\d.]+\" yMax=\"([\\d.]+)\">([^<]*)<");
+    for (const auto& m : word.globalMatch(html))
+        if (m.captured(2).toDouble() > footerTop) out << m.captured(3);
+    return out;
+}
 }  // namespace
 
 class TestReport : public QObject {
@@ -94,7 +109,8 @@ private Q_SLOTS:
 
     // A long list over many pages, previewed and written to PDF: the same
     // page count, the title on every page, the column heads once above the
-    // first row, every row once and in order, "N of M" on page N, Chinese in
+    // first row, every row once and in order and none running into the page
+    // footer, "N of M" on page N, Chinese in
     // a Song typeface; landscape pages are wide and hold fewer rows.
     void longListOnPages() {
         QTemporaryDir dir;
@@ -120,6 +136,8 @@ private Q_SLOTS:
             QVERIFY2(text[i].simplified().endsWith(QString("%1 of %2").arg(i + 1).arg(pages)),
                      qPrintable(text[i].right(40)));
             codes << Codes(text[i]);
+            QCOMPARE(FooterWords(file, i + 1),
+                     QStringList({QString::number(i + 1), "of", QString::number(pages)}));
         }
         QStringList expected;
         for (int r = 1; r < source.Rows(); ++r)
