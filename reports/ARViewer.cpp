@@ -1,5 +1,6 @@
 #include "ARViewer.h"
 
+#include <QGraphicsView>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPrintDialog>
@@ -30,6 +31,8 @@ ARViewer::ARViewer(QWidget* parent)
     preview_ = new QPrintPreviewWidget(printer_.get(), this);
     preview_->setObjectName(QStringLiteral("preview"));
     preview_->setAccessibleName(QStringLiteral("打印预览"));
+    if (auto* pages = preview_->findChild<QGraphicsView*>())
+        pages->setAccessibleName(QStringLiteral("打印预览"));
     preview_->setZoomMode(QPrintPreviewWidget::FitToWidth);
 
     cmdFirst_ = toolButton(this, "cmdFirst", QStringLiteral("首页"));
