@@ -1,12 +1,11 @@
 #pragma once
 // Helpers of the print tests: a stock list built as the stock query shows
 // it, the print window loaded with it, and PDF files and workbooks read back
-// with the command-line tools of poppler-utils and unzip.
+// with poppler-utils and unzip.
 #include <QListWidget>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTest>
-#include <QTextStream>
-#include <QXmlStreamReader>
 
 #include "ARPrinter.h"
 #include "ModMain.h"
@@ -98,64 +97,38 @@ inline QString PdfInfo(const QString& file, const QString& key) {
     return QString();
 }
 
-// The first sheet of a workbook: the text of each written cell by its
-// reference ("B3"), and whether its format has thin borders on all four sides.
+// The first sheet of a workbook, by cell reference ("B3"): the text, whether
+// it is stored as a string, and whether its format has thin borders all round.
 struct Sheet {
     QMap<QString, QString> text;
-    QMap<QString, bool> bordered;
-    QMap<QString, bool> isText;  // stored as a string, not a number
+    QMap<QString, bool> isText, bordered;
 };
 
 inline Sheet ReadSheet(const QString& file) {
-    auto member = [&](const char* name) {
-        return Tool("unzip", {"-p", file, QString::fromLatin1(name)});
+    auto part = [&](const char* name) { return Tool("unzip", {"-p", file, name}); };
+    auto all = [](const char* re, const QString& in) {
+        return QRegularExpression(QString::fromUtf8(re)).globalMatch(in);
     };
     QStringList strings;
-    QXmlStreamReader ss(member("xl/sharedStrings.xml"));
-    while (!ss.atEnd()) {
-        ss.readNext();
-        if (ss.isStartElement() && ss.name() == u"si")
-            strings << ss.readElementText(QXmlStreamReader::IncludeChildElements);
-    }
-
-    // Formats: which borders are thin on every side, which formats use them.
-    QList<bool> thinBorder;
-    QList<bool> xfBordered;
-    QXmlStreamReader st(member("xl/styles.xml"));
-    bool inXfs = false;
-    int thinSides = 0;
-    while (!st.atEnd()) {
-        st.readNext();
-        if (st.isStartElement()) {
-            if (st.name() == u"border") thinSides = 0;
-            if ((st.name() == u"left" || st.name() == u"right" || st.name() == u"top" ||
-                 st.name() == u"bottom") &&
-                st.attributes().value("style") == u"thin")
-                ++thinSides;
-            if (st.name() == u"cellXfs") inXfs = true;
-            if (inXfs && st.name() == u"xf")
-                xfBordered << thinBorder.value(st.attributes().value("borderId").toInt());
-        } else if (st.isEndElement()) {
-            if (st.name() == u"border") thinBorder << (thinSides == 4);
-            if (st.name() == u"cellXfs") inXfs = false;
-        }
-    }
+    for (const auto& m : all("<si><t[^>]*>([^<]*)</t></si>", part("xl/sharedStrings.xml")))
+        strings << m.captured(1);
+    const QString styles = part("xl/styles.xml");
+    QList<bool> thin;  // by border
+    for (const auto& m : all("<border>(.*?)</border>|<border/>", styles))
+        thin << (m.captured(1).count("style=\"thin\"") == 4);
+    QList<bool> xfThin;  // by cell format
+    const QString xfs = QRegularExpression("<cellXfs.*</cellXfs>").match(styles).captured();
+    for (const auto& m : all("<xf [^>]*borderId=\"(\\d+)\"", xfs))
+        xfThin << thin.value(m.captured(1).toInt());
 
     Sheet sheet;
-    QXmlStreamReader sx(member("xl/worksheets/sheet1.xml"));
-    QString ref;
-    while (!sx.atEnd()) {
-        sx.readNext();
-        if (!sx.isStartElement()) continue;
-        if (sx.name() == u"c") {
-            ref = sx.attributes().value("r").toString();
-            sheet.bordered[ref] = xfBordered.value(sx.attributes().value("s").toInt());
-            sheet.isText[ref] = sx.attributes().value("t") == u"s";
-            sheet.text[ref] = QString();
-        } else if (sx.name() == u"v") {
-            const QString v = sx.readElementText();
-            sheet.text[ref] = sheet.isText[ref] ? strings.value(v.toInt()) : v;
-        }
+    const char* cell =
+        "<c r=\"(\\w+)\"(?: s=\"(\\d+)\")?(?: t=\"(\\w+)\")?(?:/>|><v>([^<]*)</v></c>)";
+    for (const auto& m : all(cell, part("xl/worksheets/sheet1.xml"))) {
+        const QString ref = m.captured(1);
+        sheet.isText[ref] = m.captured(3) == "s";
+        sheet.text[ref] = sheet.isText[ref] ? strings.value(m.captured(4).toInt()) : m.captured(4);
+        sheet.bordered[ref] = xfThin.value(m.captured(2).toInt());
     }
     return sheet;
 }
