@@ -105,14 +105,14 @@ struct Sheet {
 };
 
 inline Sheet ReadSheet(const QString& file) {
-    auto part = [&](const char* name) { return Tool("unzip", {"-p", file, name}); };
+    auto member = [&](const char* name) { return Tool("unzip", {"-p", file, name}); };
     auto all = [](const char* re, const QString& in) {
         return QRegularExpression(QString::fromUtf8(re)).globalMatch(in);
     };
     QStringList strings;
-    for (const auto& m : all("<si><t[^>]*>([^<]*)</t></si>", part("xl/sharedStrings.xml")))
+    for (const auto& m : all("<si><t[^>]*>([^<]*)</t></si>", member("xl/sharedStrings.xml")))
         strings << m.captured(1);
-    const QString styles = part("xl/styles.xml");
+    const QString styles = member("xl/styles.xml");
     QList<bool> thin;  // by border
     for (const auto& m : all("<border>(.*?)</border>|<border/>", styles))
         thin << (m.captured(1).count("style=\"thin\"") == 4);
@@ -124,7 +124,7 @@ inline Sheet ReadSheet(const QString& file) {
     Sheet sheet;
     const char* cell =
         "<c r=\"(\\w+)\"(?: s=\"(\\d+)\")?(?: t=\"(\\w+)\")?(?:/>|><v>([^<]*)</v></c>)";
-    for (const auto& m : all(cell, part("xl/worksheets/sheet1.xml"))) {
+    for (const auto& m : all(cell, member("xl/worksheets/sheet1.xml"))) {
         const QString ref = m.captured(1);
         sheet.isText[ref] = m.captured(3) == "s";
         sheet.text[ref] = sheet.isText[ref] ? strings.value(m.captured(4).toInt()) : m.captured(4);
