@@ -12,6 +12,5 @@ class VSGrid;
 void AddSums(VSGrid* grid, int groupOn, int totalOn, const QString& caption, bool above = false);
 
 // The print button of the stock and sales queries: hands the grid, its total
-// rows included, to the print window. Until that window is part of the
-// program, the button opens nothing.
+// row counted at row 1, to the print window, which works on a copy.
 void PrintGrid(VSGrid* grid, QWidget* parent);

@@ -7,7 +7,12 @@ pkgs=(
   qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite qt6-qpa-plugins libgl-dev
   libbenchmark-dev libsqlite3-dev pkg-config
   fonts-wqy-microhei xvfb xauth
-  libfreexl-dev libzip-dev libxlsxwriter-dev python3-xlwt
+  # stock sheets read: .xls, .xlsx; tests make .xls sheets with python3-xlwt
+  libfreexl-dev libzip-dev python3-xlwt
+  # reports: .xlsx workbooks, a Song (Ming) typeface found through fontconfig
+  libxlsxwriter-dev libfontconfig-dev fonts-arphic-uming
+  # tests only: PDF files and workbooks read back
+  poppler-utils unzip
 )
 missing=()
 for p in "${pkgs[@]}"; do

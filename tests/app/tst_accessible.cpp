@@ -1,6 +1,7 @@
 // Screen readers and accessibility-based tools find a control by its
 // accessible name: every control that can take the focus has one, from its
 // own caption or from the label linked to it.
+#include <QAbstractScrollArea>
 #include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QComboBox>
@@ -33,6 +34,7 @@
 #include "frmMain.h"
 #include "frmOtherOut.h"
 #include "frmOtherOutQuery.h"
+#include "frmPrint.h"
 #include "frmProfit.h"
 #include "frmPutIn.h"
 #include "frmQuestion.h"
@@ -61,8 +63,9 @@ QStringList Unnamed(QWidget* window) {
             w->window() != window)
             continue;
         QWidget* parent = w->parentWidget();
+        auto* area = qobject_cast<QAbstractScrollArea*>(parent);
         if (parent && (parent->focusProxy() == w || qobject_cast<QComboBox*>(parent) ||
-                       qobject_cast<QAbstractSpinBox*>(parent)))
+                       qobject_cast<QAbstractSpinBox*>(parent) || (area && area->viewport() == w)))
             continue;
         QAccessibleInterface* a = QAccessible::queryAccessibleInterface(w);
         if (!a || a->text(QAccessible::Name).trimmed().isEmpty())
@@ -128,6 +131,7 @@ private Q_SLOTS:
             {"frmSellGroup", make<frmSellGroup>()},
             {"frmOtherOut", make<frmOtherOut>()},
             {"frmOtherOutQuery", make<frmOtherOutQuery>()},
+            {"frmPrint", make<frmPrint>()},
         };
         QStringList missing;
         for (const auto& [name, create] : windows) {
