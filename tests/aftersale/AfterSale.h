@@ -6,6 +6,7 @@
 
 #include "DateText.h"
 #include "MsgRecorder.h"
+#include "RowCompare.h"
 #include "Session.h"
 #include "TestDb.h"
 #include "VSGrid.h"
@@ -15,17 +16,6 @@ inline QStringList Said(MsgRecorder& rec) {
     QStringList out;
     for (const MsgBox::Box& b : rec.Take()) out << QChar("-IWEQ"[int(b.icon)]) + (":" + b.text);
     return out;
-}
-
-// The rows of a query, fields joined by "|", rows by "/".
-inline QString Rows(const QString& sql) {
-    QStringList out;
-    for (Recordset rs = TestDb::Query(sql); !rs.Eof(); rs.MoveNext()) {
-        QStringList fields;
-        for (int i = 0; i < rs.FieldCount(); ++i) fields << rs.Text(i);
-        out << fields.join('|');
-    }
-    return out.join('/');
 }
 
 inline QString DaysAgo(int days) {

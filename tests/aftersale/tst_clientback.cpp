@@ -38,8 +38,8 @@ private Q_SLOTS:
         SellPiece(g, "DISCOUNT", "9", 90, 1);
         SellPiece(g, "SPECIAL", "特价", 70);
         SellPiece(g, "EXCHANGED", "9", 90, 0, 1);
-        const QString before =
-            Rows("Select State from Sell") + Rows("Select Quantity from BuyPrice");
+        const QList<QStringList> states = Rows("Select State from Sell"),
+                                 layers = Rows("Select Quantity from BuyPrice");
         MsgRecorder rec;
         frmClientBack w;
         Open(w);
@@ -59,8 +59,10 @@ private Q_SLOTS:
             FindSale(w.ui(), sale);
             QCOMPARE(GiveBack(w, rec, false), QStringList{kAsk});
         }
-        QCOMPARE(Rows("Select State from Sell") + Rows("Select Quantity from BuyPrice"), before);
-        QCOMPARE(TestDb::Count("SellChange") + TestDb::Count("BackStore"), 0);
+        COMPARE_ROWS(Rows("Select State from Sell"), states);
+        COMPARE_ROWS(Rows("Select Quantity from BuyPrice"), layers);
+        QCOMPARE(TestDb::Count("SellChange"), 0);
+        QCOMPARE(TestDb::Count("BackStore"), 0);
         CS_NO_LEFTOVER_BOXES(rec);
     }
 
@@ -95,17 +97,18 @@ private Q_SLOTS:
 
         const clsUser& user = Session::User();
         const QString goods = "P1|T恤|青木|M|黑色|纯棉|一等品|广州|1|";
-        QCOMPARE(Rows("Select * from BackStore"),
-                 QStringList({"1", g, Session::ShopNo, goods + "60|线头", user.No, user.Name, "0|"})
-                     .join('|'));
-        QCOMPARE(Rows("Select * from SellChange").section('|', 1),
-                 QStringList({"", Session::ShopNo, goods + "120|9|108|60", user.No,
-                              DateText::Today(), TestDb::Scalar("Select max(ID) from BuyPrice"),
-                              user.Name, "108", second, "S1", DateText::Today(), "2|线头"})
-                     .join('|'));
-        QCOMPARE(Rows("Select Quantity from Store") + ":" +
-                     Rows("Select Quantity from BuyPrice Order By ID"),
-                 QString("4:0/4"));
+        COMPARE_ROWS(
+            Rows("Select * from BackStore"),
+            {QStringList({"1", g, Session::ShopNo, goods + "60|线头", user.No, user.Name, "0|"})
+                 .join('|')});
+        COMPARE_ROWS(
+            Rows("Select * from SellChange", 1),
+            {QStringList({"", Session::ShopNo, goods + "120|9|108|60", user.No, DateText::Today(),
+                          TestDb::Scalar("Select max(ID) from BuyPrice"), user.Name, "108", second,
+                          "S1", DateText::Today(), "2|线头"})
+                 .join('|')});
+        COMPARE_ROWS(Rows("Select Quantity from Store"), {"4"});
+        COMPARE_ROWS(Rows("Select Quantity from BuyPrice Order By ID"), {"0", "4"});
         QCOMPARE(grid->Rows() - 1, 1);
         QCOMPARE(ui->lb->text(), QString("120"));
 
@@ -122,12 +125,12 @@ private Q_SLOTS:
         Press(ui->Opt, Qt::Key_Right);
         QVERIFY(ui->OptQuestion->isChecked());
         QCOMPARE(GiveBack(w, rec), QStringList{kAsk});
-        QCOMPARE(Rows("Select Quantity from Store") + ":" +
-                     Rows("Select Quantity from BuyPrice Order By ID"),
-                 QString("5:1/4"));
-        QCOMPARE(Rows("Select SellGUID||State from SellChange Where StoreGUID=''"),
-                 second + "2/" + first + "2");
-        QCOMPARE(Rows("Select State from Sell") + ui->lb->text(), QString("2/2"));
+        COMPARE_ROWS(Rows("Select Quantity from Store"), {"5"});
+        COMPARE_ROWS(Rows("Select Quantity from BuyPrice Order By ID"), {"1", "4"});
+        COMPARE_ROWS(Rows("Select SellGUID,State from SellChange Where StoreGUID=''"),
+                     {second + "|2", first + "|2"});
+        COMPARE_ROWS(Rows("Select State from Sell"), {"2", "2"});
+        QCOMPARE(ui->lb->text(), QString());
         QCOMPARE(TestDb::Count("BackStore"), 1);
         CS_NO_LEFTOVER_BOXES(rec);
     }

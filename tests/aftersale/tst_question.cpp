@@ -43,21 +43,20 @@ private Q_SLOTS:
         ui->comResion->setEditText("污渍");
         Press(ui->comResion->lineEdit(), Qt::Key_Return);
         Press(Focus(), Qt::Key_Return);
-        QCOMPARE(ui->VSQuestion->Cell(1, "数量") + ui->VSQuestion->Cell(1, "质量问题") +
-                     ui->VSFlexGrid->Cell(1, "数量"),
-                 QString("3污渍4"));
+        QCOMPARE(QStringList({ui->VSQuestion->Cell(1, "数量"), ui->VSQuestion->Cell(1, "质量问题"),
+                              ui->VSFlexGrid->Cell(1, "数量")}),
+                 Values("3|污渍|4"));
         ui->cmdOk->click();
         QCOMPARE(Said(rec), QStringList{"I:处理成功！"});
         QCOMPARE(ui->VSQuestion->Rows(), 1);
-        QCOMPARE(Rows("Select Quantity from BuyPrice Order By sDate") + ":" +
-                     Rows("Select Quantity from Store"),
-                 QString("0/4:4"));
+        COMPARE_ROWS(Rows("Select Quantity from BuyPrice Order By sDate"), {"0", "4"});
+        COMPARE_ROWS(Rows("Select Quantity from Store"), {"4"});
         const clsUser& user = Session::User();
-        QCOMPARE(
+        COMPARE_ROWS(
             Rows("Select * from BackStore"),
-            QStringList({"1", g, Session::ShopNo, "Q1|T恤|青木|M|黑色|纯棉|一等品|广州|3|160|污渍",
-                         user.No, user.Name, "0|"})
-                .join('|'));
+            {QStringList({"1", g, Session::ShopNo, "Q1|T恤|青木|M|黑色|纯棉|一等品|广州|3|160|污渍",
+                          user.No, user.Name, "0|"})
+                 .join('|')});
         CS_NO_LEFTOVER_BOXES(rec);
     }
 
@@ -90,10 +89,10 @@ private Q_SLOTS:
         ui->comResion->setEditText("B");
         ui->cmdOk->click();
         QCOMPARE(Said(rec), QStringList{"I:处理成功！"});
-        QCOMPARE(Rows("Select Quantity||':'||BuyPrice||':'||BackResion from BackStore"),
-                 QString("1.5:60:B/0.5:0:B"));
-        QCOMPARE(Rows("Select Quantity from Store") + Rows("Select Quantity from BuyPrice"),
-                 QString("00"));
+        COMPARE_ROWS(Rows("Select Quantity,BuyPrice,BackResion from BackStore"),
+                     {"1.5|60|B", "0.5|0|B"});
+        COMPARE_ROWS(Rows("Select Quantity from Store"), {"0"});
+        COMPARE_ROWS(Rows("Select Quantity from BuyPrice"), {"0"});
         CS_NO_LEFTOVER_BOXES(rec);
     }
 };

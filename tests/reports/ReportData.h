@@ -6,6 +6,7 @@
 
 #include "DateText.h"
 #include "MsgRecorder.h"
+#include "RowCompare.h"
 #include "Session.h"
 #include "TestDb.h"
 #include "VSGrid.h"

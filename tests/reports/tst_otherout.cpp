@@ -26,21 +26,20 @@ private Q_SLOTS:
             u->comItem->setEditText(item);
             u->txtAmount->setText(amount);
             u->cmdQuery->click();
-            return Said(rec).join(' ');
+            return Said(rec);
         };
-        QStringList said;
+        QList<QStringList> said;  // the boxes of each save
         for (const char* amount : {"12abc", "", "-5"}) said << save("房租", amount);
         u->DT->setDate(QDate(2026, 3, 8));
         u->txtMemo->setText("O'Neil");
         said << save("Joe's", "1,000");
         said << save("", "0");
-        QCOMPARE(said, QStringList({"I:请按规矩办事！", "I:请按规矩办事！", "I:不能作弊",
-                                    "I:保存成功！", "I:保存成功！"}));
-        QCOMPARE(u->txtAmount->text() + u->txtMemo->text() + u->DT->date().toString("M"),
-                 QString("3"));
-        QCOMPARE(TestDb::Scalar("Select group_concat(Item||':'||Amount||':'||Memo||':'||"
-                                "[DateTime]||':'||OptName,'/') from OtherOut"),
-                 QString("Joe's:1:O'Neil:2026-03-08:管理员/:0::2026-03-08:管理员"));
+        COMPARE_ROWS(said, {"I:请按规矩办事！", "I:请按规矩办事！", "I:不能作弊", "I:保存成功！",
+                            "I:保存成功！"});
+        QCOMPARE(QStringList({u->txtAmount->text(), u->txtMemo->text()}), QStringList({"", ""}));
+        QCOMPARE(u->DT->date(), QDate(2026, 3, 8));
+        COMPARE_ROWS(Rows("Select Item,Amount,Memo,[DateTime],OptName from OtherOut"),
+                     {"Joe's|1|O'Neil|2026-03-08|管理员", "|0||2026-03-08|管理员"});
         CS_NO_LEFTOVER_BOXES(rec);
     }
 

@@ -39,15 +39,15 @@ private Q_SLOTS:
                   u->lbBackQuantity, u->lbBackAmount, u->lbStoreQuantity, u->lbQuestionQuantity,
                   u->lbStorePrice, u->lbProfit, u->lbOtherAmount, u->lbProfitEx})
                 t << l->text();
-            return t.join('|');
+            return t;
         };
         u->DTBeginTime->setDate(QDate::currentDate().addDays(-7));
         u->cmdQuery->click();
-        QCOMPARE(shown(), QString("10|400|3|310|2|70.5|13|3|551.5|220|250.25|-30.25"));
+        QCOMPARE(shown(), Values("10|400|3|310|2|70.5|13|3|551.5|220|250.25|-30.25"));
         // Begin after end: the period is empty, the stock stays.
         u->DTEndTime->setDate(QDate::currentDate().addDays(-10));
         u->cmdQuery->click();
-        QCOMPARE(shown(), QString("0|0|0|0|0|0|13|3|551.5|0|0|0"));
+        QCOMPARE(shown(), Values("0|0|0|0|0|0|13|3|551.5|0|0|0"));
         CS_NO_LEFTOVER_BOXES(rec);
     }
 };

@@ -12,26 +12,13 @@
 
 namespace {
 // Settles a day; the labels of the panel in their order.
-QString Settle(frmDayAmount& w, int day = 0) {
+QStringList Settle(frmDayAmount& w, int day = 0) {
     auto* u = w.ui();
     u->DTDate->setDate(QDate::currentDate().addDays(day));
     u->cmdCheckOut->click();
-    return QStringList({u->LbSeller->text(), u->lbSellCount->text(), u->lbSellMny->text(),
-                        u->lbBackCount->text(), u->lbBackAmount->text(), u->lbChangeCount->text(),
-                        u->lbChangeAmount->text(), u->lbRecive->text()})
-        .join('|');
-}
-
-// The settlement rows: figures, clerk and date.
-QStringList Rows() {
-    QStringList out;
-    Recordset rs = TestDb::Query("Select * from DayAmount");
-    for (; !rs.Eof(); rs.MoveNext()) {
-        QStringList f;
-        for (int i = 1; i <= 9; ++i) f << rs.Text(i);
-        out << f.join('|');
-    }
-    return out;
+    return {u->LbSeller->text(),       u->lbSellCount->text(),  u->lbSellMny->text(),
+            u->lbBackCount->text(),    u->lbBackAmount->text(), u->lbChangeCount->text(),
+            u->lbChangeAmount->text(), u->lbRecive->text()};
 }
 }  // namespace
 
@@ -58,23 +45,25 @@ private Q_SLOTS:
         AddChange(2, 55, 55, "admin", Day(-1));
 
         frmDayAmount w;
-        QCOMPARE(Settle(w), QString("管理员|4|390￥|1|70￥|1|-20￥|300￥"));
+        QCOMPARE(Settle(w), Values("管理员|4|390￥|1|70￥|1|-20￥|300￥"));
         QCOMPARE(w.ui()->lbDate->text(), Day(0));
         Session::User().Initial("002");
-        QCOMPARE(Settle(w), QString("李四|1|60￥|1|90￥|0|0￥|-30￥"));
+        QCOMPARE(Settle(w), Values("李四|1|60￥|1|90￥|0|0￥|-30￥"));
 
         // Settling again overwrites the clerk's row of that day; an empty
         // day gets a row of zeroes; more pieces than the 16-bit figure holds
         // end the close with the run-time error, and nothing is written.
         AddChange(2, 20.5, 20.5, "002");
-        QCOMPARE(Settle(w).section('|', 7), QString("-50.5￥"));
-        QCOMPARE(Settle(w, -3).section('|', 7), QString("0￥"));
+        QCOMPARE(Settle(w).value(7), QString("-50.5￥"));
+        QCOMPARE(Settle(w, -3).value(7), QString("0￥"));
         AddSale({.date = Day(-5), .seller = "002", .quantity = 32768});
         Settle(w, -5);
         QCOMPARE(Said(rec), QStringList{"E:" + RuntimeError::overflow()});
-        QCOMPARE(Rows(), QStringList({"4|390|1|70|1|-20|300|管理员|" + Day(0),
-                                      "1|60|2|110.5|0|0|-50.5|李四|" + Day(0),
-                                      "0|0|0|0|0|0|0|李四|" + Day(-3)}));
+        // The settlement rows: figures, clerk and date.
+        COMPARE_ROWS(Rows("Select SellQuantity,SellAmount,BackQuantity,BackAmount,ChangeQuantity,"
+                          "ChangeAmount,ReciveAmount,Seller,[DateTime] from DayAmount"),
+                     {"4|390|1|70|1|-20|300|管理员|" + Day(0),
+                      "1|60|2|110.5|0|0|-50.5|李四|" + Day(0), "0|0|0|0|0|0|0|李四|" + Day(-3)});
         CS_NO_LEFTOVER_BOXES(rec);
     }
 };
@@ -101,7 +90,8 @@ private Q_SLOTS:
         w.ui()->DTBeginTime->setDate(QDate::currentDate().addDays(-2));
         w.ui()->cmdQuery->click();
         w.ui()->cmdQuery->click();
-        QVERIFY(g->Rows() == 4 && g->IsSubtotal(3));
+        QCOMPARE(g->Rows(), 4);
+        QVERIFY(g->IsSubtotal(3));
         QStringList total;
         for (int c = 1; c < g->Cols(); ++c) total << g->TextMatrix(3, c);
         QCOMPARE(total, QStringList({"总计", "", "", "5", "420", "1", "50", "3", "-5", "366"}));
