@@ -356,13 +356,11 @@ CREATE INDEX Store_GUID ON Store (GUID);
 CREATE INDEX Store_TypeNo ON Store (TypeNo);
 CREATE INDEX Store_IDCode ON Store (IDCode);
 CREATE INDEX StoreDetail_GUID ON StoreDetail (GUID);
-CREATE INDEX StoreDetail_Shop_Date ON StoreDetail (ShopNo, [DateTime]);
 CREATE INDEX StoreDetail_TypeNo ON StoreDetail (TypeNo);
 CREATE INDEX BuyPrice_Store_Date ON BuyPrice (StoreGUID, sDate);
 CREATE INDEX Sell_GUID ON Sell (GUID);
 CREATE INDEX Sell_SellNo ON Sell (SellNo, ShopNo);
 CREATE INDEX Sell_Day ON Sell (substr(SellNo, 1, 8), ShopNo);
-CREATE INDEX Sell_Shop_Date ON Sell (ShopNo, [DateTime]);
 CREATE INDEX Sell_TypeNo ON Sell (TypeNo);
 CREATE INDEX SellChange_Shop_Date ON SellChange (ShopNo, ChangeDate);
 CREATE INDEX SellChange_SellGUID ON SellChange (SellGUID);
@@ -378,6 +376,9 @@ CREATE INDEX Role_GUID ON Role (GUID);
 -- this order, straight from the index, the lines need no sorting to be grouped.
 CREATE INDEX Sell_Shop_Goods ON Sell (ShopNo, TypeNo, Name, Brand, [Size], Colour, Leather, Grade,
     ProductPlace, [DateTime], State, Quantity);
--- The profit sums a period's sale lines and stock-in rows from the index alone.
+-- The profit sums a period's sale lines and stock-in rows from the index alone;
+-- the same indexes serve every search of a shop's lines by date (the day
+-- close, the sales query), so no shorter index on (ShopNo, DateTime) is kept
+-- beside them for every sale line to update.
 CREATE INDEX Sell_Shop_Date_Sums ON Sell (ShopNo, [DateTime], State, Quantity, Amount, BuyPrice);
 CREATE INDEX StoreDetail_Shop_Date_Sums ON StoreDetail (ShopNo, [DateTime], Quantity, Price);
