@@ -8,6 +8,10 @@
 #include "RecordsetData.h"
 #include "RuntimeError.h"
 
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
+
 namespace {
 
 // The largest blocks that tables which went away left, one of each kind, for
@@ -45,11 +49,20 @@ RecordsetData::RecordsetData() {
 
 RecordsetData::~RecordsetData() {
     if (words.capacityBytes() < kKeepFrom) return;
-    Spare& s = spare();
-    const std::lock_guard<std::mutex> hold(s.lock);
-    keep(s.kinds, kinds.release());
-    keep(s.words, words.release());
-    keep(s.bytes, bytes.release());
+    {
+        Spare& s = spare();
+        const std::lock_guard<std::mutex> hold(s.lock);
+        keep(s.kinds, kinds.release());
+        keep(s.words, words.release());
+        keep(s.bytes, bytes.release());
+    }
+#if defined(__GLIBC__)
+    // The allocator keeps what a large table freed beyond the spare blocks
+    // (its other blocks, the texts' copies) for itself; give it back, or a
+    // clerk searching to and fro in a large goods list leaves the process
+    // holding two lists' worth of memory.
+    malloc_trim(0);
+#endif
 }
 
 void RecordsetData::finish() {
