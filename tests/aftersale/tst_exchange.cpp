@@ -88,6 +88,7 @@ private Q_SLOTS:
         QCOMPARE(Labels(w), Values("100|80|-20"));
         ui->cmdChange->click();
         QCOMPARE(Said(rec), QStringList({kAsk, "I:该商品已经被调换到下面的列表！"}));
+        QCOMPARE(Focus(), ui->txtSellNo);
 
         g->setRow(RowOf(g, "GUID", lineB));
         Pick(w, [&](frmChange& p) { Choose(p, rec, "Y", "40", true); });
