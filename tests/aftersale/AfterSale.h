@@ -2,6 +2,13 @@
 // Helpers of the after-sale tests: sold pieces made straight in the data
 // file, windows shown as at the counter, short looks at boxes and data.
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QTest>
 
 #include "DateText.h"
@@ -49,6 +56,19 @@ inline void AddLayer(const QString& store, int price, int quantity) {
                  " Where GUID='" + store + "'");
 }
 
+// A problem-stock row as the return and problem goods windows leave it;
+// with a date, already sent back on that day.
+inline void AddBack(const QString& typeNo, const QString& quantity, const QString& cost,
+                    const QString& backDate = QString()) {
+    TestDb::Exec(
+        "Insert Into BackStore ([GUID],ShopNo,TypeNo,Name,Brand,[Size],Colour,Leather,Grade,"
+        "ProductPlace,Quantity,BuyPrice,BackResion,Seller,SellName,IsBackFactory,BackFactoryDate) "
+        "Values('{G}','" +
+        Session::ShopNo + "','" + typeNo + "','T恤','青木','M','黑色','纯棉','一等品','广州'," +
+        quantity + "," + cost + ",'破损','admin','管理员'," +
+        (backDate.isEmpty() ? "0,Null)" : "1,'" + backDate + "')"));
+}
+
 // Shows a window active, so that the focus moves as the clerk types.
 inline void Open(QWidget& w) {
     w.show();
@@ -59,7 +79,6 @@ inline void Open(QWidget& w) {
 inline QWidget* Focus() {
     return QApplication::focusWidget();
 }
-
 inline void Press(QWidget* w, Qt::Key key) {
     QTest::keyClick(w, key);
 }
