@@ -50,11 +50,8 @@ void WriteXlsx(const QString& path, const Rows& rows, bool inlineStrings) {
                 const QVariantMap m = cell.toMap();
                 lxw_format* format = workbook_add_format(book);
                 const QDate d = QDate::fromString(m["date"].toString(), Qt::ISODate);
-                format_set_num_format(format,
-                                      m.value("format", d.isValid() ? "yyyy-mm-dd" : "General")
-                                          .toString()
-                                          .toUtf8()
-                                          .constData());
+                const QString shape = d.isValid() ? "yyyy-mm-dd" : "General";
+                format_set_num_format(format, m.value("format", shape).toString().toUtf8().data());
                 if (d.isValid()) {
                     lxw_datetime at{d.year(), d.month(), d.day(), 0, 0, 0};
                     worksheet_write_datetime(sheet, r, lxw_col_t(c), &at, format);

@@ -31,10 +31,11 @@ class TestPutIn : public QObject {
         FileDialog::SetPresenter(old);
         return filter;
     }
+    // The one box shown as "icon text".
     static QString box(MsgRecorder& rec) {
         const auto boxes = rec.Take();
-        if (boxes.size() != 1) return QString("%1 boxes").arg(boxes.size());
-        return QString("%1 %2").arg(int(boxes[0].icon)).arg(boxes[0].text);
+        return boxes.size() != 1 ? QString("%1 boxes").arg(boxes.size())
+                                 : QString("%1 %2").arg(int(boxes[0].icon)).arg(boxes[0].text);
     }
     static QString info(const char* text) { return "1 " + QString(text); }
     static QString warn(const char* text) { return "2 " + QString(text); }
@@ -51,13 +52,17 @@ class TestPutIn : public QObject {
         return out;
     }
 
-    // A sheet line in the default layout: quantities from column 6, cost in 17, price in 18.
-    static QVariantList line(const QString& typeNo, const QString& colour,
-                             const QVariantList& sizes) {
-        QVariantList cells{"青木", typeNo, "T恤", QVariant(), colour};
-        cells += sizes;
-        while (cells.size() < 16) cells << QVariant();
-        return cells << 50.0 << 99.0;
+    // A sheet in the default layout with sizes S and M (columns 6 and 7 of row
+    // 3), and from row 4 one line per article: number, colour, quantities.
+    QString sheet(const QString& name, const QList<QVariantList>& articles) {
+        Rows rows{{}, {}, QVariantList(5) + QVariantList{"S", "M"}};
+        for (const QVariantList& a : articles) {
+            QVariantList cells = QVariantList{"青木", a[0], "T恤", QVariant(), a[1]} + a.mid(2);
+            cells.resize(16);
+            rows << (cells << 50.0 << 99.0);
+        }
+        WriteXlsx(dir_.filePath(name), rows);
+        return dir_.filePath(name);
     }
 
 private Q_SLOTS:
@@ -147,18 +152,10 @@ private Q_SLOTS:
         TestDb db;
         MsgRecorder rec;
         TestDb::AddGoods("OLD", 5, 89, 40);
-        const QVariantList sizes{QVariant(), QVariant(), QVariant(), QVariant(),
-                                 QVariant(), "S",        "M"};
         // "3x" passes the test of the leading number and breaks the statement.
-        const QString unit = dir_.filePath("unit.xlsx");
-        WriteXlsx(unit, {{},
-                         {},
-                         sizes,
-                         line("A1", "黑色", {1.0, 2.0}),
-                         line("A2", "白色", {QVariant(), "3x"})});
         frmPutIn w;
         auto* u = w.ui();
-        choose(w, unit);
+        choose(w, sheet("unit.xlsx", {{"A1", "黑色", 1.0, 2.0}, {"A2", "白色", QVariant(), "3x"}}));
         u->txtEndrow->setText("5");
         u->cmdPutIn->click();
         QVERIFY(box(rec).startsWith("0 "));  // the engine's own text, in a plain box
@@ -178,9 +175,7 @@ private Q_SLOTS:
         QCOMPARE(stock().size(), 3);
 
         // A quote in a text cell breaks it the same way.
-        const QString quote = dir_.filePath("quote.xlsx");
-        WriteXlsx(quote, {{}, {}, sizes, line("A3", "黑色", {1.0}), line("A4", "O'Neil", {1.0})});
-        choose(w, quote);
+        choose(w, sheet("quote.xlsx", {{"A3", "黑色", 1.0}, {"A4", "O'Neil", 1.0}}));
         u->txtEndrow->setText("5");
         u->cmdPutIn->click();
         QVERIFY(box(rec).startsWith("0 "));

@@ -32,85 +32,57 @@ QStringList column(const VSGrid& g, int col) {
     return out;
 }
 
+// The data rows that are total rows.
+QList<int> totalRows(const VSGrid& g) {
+    QList<int> out;
+    for (int r = 1; r < g.Rows(); ++r)
+        if (g.IsSubtotal(r)) out << r;
+    return out;
+}
+
 }  // namespace
 
 class TestGrid : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void bindShowsFieldsAndKeys() {
+    void bindShowsFieldsKeysAndColumns() {
         VSGrid g;
         QSignalSpy moved(&g, &VSGrid::RowColChange);
         g.Bind(saleRows());
-        QCOMPARE(g.Rows(), 4);
-        QCOMPARE(g.Cols(), 5);
-        QCOMPARE(g.TextMatrix(0, 2), QStringLiteral("GoodsName"));
-        QCOMPARE(g.model()->headerData(1, Qt::Horizontal).toString(), QStringLiteral("GoodsName"));
-        QCOMPARE(g.ColIndex("goodsname"), 2);
-        QCOMPARE(g.ColIndex("nothing"), -1);
-        QCOMPARE(g.Cell(2, "NUM"), QStringLiteral("1"));
-        QCOMPARE(g.Cell(1, "num"), QStringLiteral("2.5"));
-        QCOMPARE(g.Cell(1, "Amount"), QString());  // null
-        QCOMPARE(g.Cell(1, "nothing"), QString());
-        QCOMPARE(g.TextMatrix(2, 0), QString());
-        QCOMPARE(g.Row(), 1);
-        QCOMPARE(g.Text("SaleID"), QStringLiteral("1"));
-        QCOMPARE(moved.count(), 1);
-
+        QCOMPARE(QList<int>({g.Rows(), g.Cols(), g.ColIndex("goodsname"), g.ColIndex("nothing"),
+                             g.Row(), int(moved.count())}),
+                 QList<int>({4, 5, 2, -1, 1, 1}));
+        // Header, keys ignoring case, a float, a null, an unknown key, the current row.
+        QCOMPARE(
+            QStringList({g.TextMatrix(0, 2), g.model()->headerData(1, Qt::Horizontal).toString(),
+                         g.Cell(2, "NUM"), g.Cell(1, "num"), g.Cell(1, "Amount"),
+                         g.Cell(1, "nothing"), g.Text("SaleID")}),
+            QStringList({"GoodsName", "GoodsName", "1", "2.5", "", "", "1"}));
         g.setCell(3, "goodsNAME", QStringLiteral("外套"));
-        QCOMPARE(g.TextMatrix(3, 2), QStringLiteral("外套"));
         QCOMPARE(g.model()->index(2, 1).data().toString(), QStringLiteral("外套"));
 
-        // A requery with the same fields keeps the layout; an empty one has no current row.
-        g.setColHidden(1, true);
-        g.Bind(Recordset({"SaleID", "GoodsName", "Num", "Amount"}, {}));
-        QCOMPARE(g.Rows(), 1);
-        QCOMPARE(g.Row(), 0);
-        QVERIFY(g.ColHidden(1));
-        QVERIFY(g.isColumnHidden(0));
-
-        g.Bind(Recordset());
-        QCOMPARE(g.Rows(), 1);
-        QCOMPARE(g.Cols(), 1);
-        QCOMPARE(g.ColIndex("SaleID"), -1);
-    }
-
-    void bindLargeRecordset() {
-        std::vector<Recordset::Row> rows;
-        rows.reserve(100000);
-        QStringList names;
-        for (int c = 0; c < 13; ++c) names << QStringLiteral("F%1").arg(c);
-        for (int r = 0; r < 100000; ++r) {
-            Recordset::Row row(13);
-            for (int c = 0; c < 13; ++c)
-                row[c] = c == 1 ? QVariant(QStringLiteral("款%1").arg(r)) : QVariant(r * 13 + c);
-            rows.push_back(std::move(row));
-        }
-        VSGrid g;
-        g.Bind(Recordset(names, std::move(rows)));
-        QCOMPARE(g.Rows(), 100001);
-        QCOMPARE(g.TextMatrix(100000, 2), QStringLiteral("款99999"));
-        QCOMPARE(g.Cell(54321, "f12"), QString::number(54320 * 13 + 12));
-    }
-
-    void columnsWidthsAndHiding() {
-        VSGrid g;
-        g.Bind(saleRows());
+        // Widths in twips; a hidden column keeps its width; the fixed column is the row header.
         g.setColWidth(2, 1500);
-        QCOMPARE(g.columnWidth(1), 100);
         g.setColHidden(2, true);
         QVERIFY(g.isColumnHidden(1));
-        QCOMPARE(g.ColWidth(2), 1500);  // the width survives hiding
+        QCOMPARE(g.ColWidth(2), 1500);
         g.setColHidden(2, false);
         QCOMPARE(g.columnWidth(1), 100);
-
         g.setColWidth(0, 900);
         QCOMPARE(g.verticalHeader()->width(), 60);
         g.setColHidden(0, true);
         QVERIFY(g.verticalHeader()->isHidden());
-
         g.setColAlignment(3, VSGrid::AlignRightCenter);
-        const int a = g.model()->index(0, 2).data(Qt::TextAlignmentRole).toInt();
-        QCOMPARE(Qt::Alignment(a), Qt::AlignRight | Qt::AlignVCenter);
+        QCOMPARE(Qt::Alignment(g.model()->index(0, 2).data(Qt::TextAlignmentRole).toInt()),
+                 Qt::AlignRight | Qt::AlignVCenter);
+
+        // A requery with the same fields keeps the layout; an empty one has no current row.
+        g.setColHidden(1, true);
+        g.Bind(Recordset({"SaleID", "GoodsName", "Num", "Amount"}, {}));
+        QCOMPARE(g.Rows() + g.Row(), 1);
+        QVERIFY(g.ColHidden(1) && g.isColumnHidden(0));
+        g.Bind(Recordset());
+        QCOMPARE(QList<int>({g.Rows(), g.Cols(), g.ColIndex("SaleID")}), QList<int>({1, 1, -1}));
     }
 
     void addAndRemoveRows() {
@@ -119,33 +91,30 @@ private Q_SLOTS:
         g.AddItem(QStringLiteral("红\tA\tB\tC"));
         g.AddItem(QStringLiteral("蓝\tD"));
         g.AddItem(QStringLiteral("白\tX\tY\tZ\tbeyond"), 1);
-        QCOMPARE(g.Rows(), 4);
         QCOMPARE(column(g, 0), QStringList({"白", "红", "蓝"}));
         QCOMPARE(column(g, 1), QStringList({"X", "A", "D"}));
-        QCOMPARE(g.TextMatrix(3, 3), QString());
+        QCOMPARE(column(g, 3), QStringList({"Z", "C", ""}));
         QCOMPARE(g.model()->headerData(0, Qt::Vertical).toString(), QStringLiteral("白"));
 
+        // The current row keeps its index (the next row), then falls to the last one.
+        QList<int> current;
         g.setRow(2);
-        g.RemoveItem();
-        QCOMPARE(column(g, 1), QStringList({"X", "D"}));
-        QCOMPARE(g.Row(), 2);  // same index, now the next row
-        g.RemoveItem();
-        QCOMPARE(g.Row(), 1);  // the last data row
-        g.RemoveItem();
-        QCOMPARE(g.Row(), 0);
-        QCOMPARE(g.Rows(), 1);
+        for (int i = 0; i < 3; ++i) {
+            g.RemoveItem();
+            current << g.Row();
+            if (i == 0) QCOMPARE(column(g, 1), QStringList({"X", "D"}));
+        }
+        QCOMPARE(current, QList<int>({2, 1, 0}));
         g.RemoveItem(0);  // the header stays
         QCOMPARE(g.Rows(), 1);
     }
 
-    void grandTotal() {
+    void grandAndGroupTotals() {
         VSGrid g;
         fillGroups(g, {"红", "蓝"}, {"1.4", "2.4"});
         g.Subtotal(VSGrid::SubtotalSum, -1, 2, "d", Qt::red, true, QStringLiteral("合计"));
-        QCOMPARE(g.Rows(), 4);
-        QVERIFY(g.IsSubtotal(3));
-        QVERIFY(!g.IsSubtotal(2));
-        QCOMPARE(g.TextMatrix(3, 1), QStringLiteral("合计"));
+        QCOMPARE(totalRows(g), QList<int>({3}));
+        QCOMPARE(column(g, 1), QStringList({"红", "蓝", "合计"}));
         QCOMPARE(g.TextMatrix(3, 2), QStringLiteral("4"));
         const QModelIndex total = g.model()->index(2, 1);
         QCOMPARE(total.data(Qt::ForegroundRole).value<QBrush>().color(), QColor(Qt::red));
@@ -156,32 +125,28 @@ private Q_SLOTS:
         // column when the first visible column holds the sum.
         g.setColHidden(1, true);
         g.Subtotal(VSGrid::SubtotalSum, -1, 2, "d", Qt::red, true, QStringLiteral("合计"), true);
-        QCOMPARE(g.Rows(), 4);
-        QVERIFY(g.IsSubtotal(1));
-        QVERIFY(!g.IsSubtotal(3));
-        QCOMPARE(g.TextMatrix(1, 0), QStringLiteral("合计"));
-        QCOMPARE(g.TextMatrix(1, 2), QStringLiteral("4"));
+        QCOMPARE(totalRows(g), QList<int>({1}));
+        QCOMPARE(column(g, 0), QStringList({"合计", "", ""}));
         QCOMPARE(column(g, 1), QStringList({"", "红", "蓝"}));
-
+        QCOMPARE(g.TextMatrix(1, 2), QStringLiteral("4"));
         g.Subtotal(VSGrid::SubtotalClear);
         QCOMPARE(g.Rows(), 3);
         QCOMPARE(g.Sum(2, 1, 2), 3.8);
-    }
 
-    void groupTotals() {
-        VSGrid g;
-        fillGroups(g, {"红", "红", "蓝", "红"}, {"1", "2", "x", "5"});
-        g.setRow(3);  // the 蓝 row
-        g.Subtotal(VSGrid::SubtotalSum, 1, 2, "", Qt::blue, false, QStringLiteral("小计"));
-        QCOMPARE(column(g, 1), QStringList({"红", "红", "小计", "蓝", "小计", "红", "小计"}));
-        QCOMPARE(column(g, 2), QStringList({"1", "2", "3", "x", "0", "5", "5"}));
-        QCOMPARE(g.Row(), 4);  // the current row follows its record
-
-        g.Subtotal(VSGrid::SubtotalClear);
-        g.Subtotal(VSGrid::SubtotalSum, 1, 2, "", Qt::blue, false, QString(), true);
-        QCOMPARE(column(g, 1), QStringList({"红", "红", "红", "蓝", "蓝", "红", "红"}));
-        QVERIFY(g.IsSubtotal(1) && g.IsSubtotal(4) && g.IsSubtotal(6));
-        QCOMPARE(g.TextMatrix(1, 2), QStringLiteral("3"));
+        // One total per run of equal values; a word sums as 0.
+        VSGrid h;
+        fillGroups(h, {"红", "红", "蓝", "红"}, {"1", "2", "x", "5"});
+        h.setRow(3);  // the 蓝 row
+        h.Subtotal(VSGrid::SubtotalSum, 1, 2, "", Qt::blue, false, QStringLiteral("小计"));
+        QCOMPARE(column(h, 1), QStringList({"红", "红", "小计", "蓝", "小计", "红", "小计"}));
+        QCOMPARE(column(h, 2), QStringList({"1", "2", "3", "x", "0", "5", "5"}));
+        QCOMPARE(h.Row(), 4);  // the current row follows its record
+        // Without a caption the group's value stands in the total row.
+        h.Subtotal(VSGrid::SubtotalClear);
+        h.Subtotal(VSGrid::SubtotalSum, 1, 2, "", Qt::blue, false, QString(), true);
+        QCOMPARE(column(h, 1), QStringList({"红", "红", "红", "蓝", "蓝", "红", "红"}));
+        QCOMPARE(totalRows(h), QList<int>({1, 4, 6}));
+        QCOMPARE(h.TextMatrix(1, 2), QStringLiteral("3"));
     }
 
     // Totals of a stock or sales list: per article above its rows, then a
@@ -200,7 +165,7 @@ private Q_SLOTS:
         QCOMPARE(column(g, 1), QStringList({"总合计", "合计", "A", "A", "合计", "B", "合计", "A"}));
         QCOMPARE(column(g, 2), QStringList({"15", "3", "1", "2", "4", "4", "8", "8"}));
         QCOMPARE(column(g, 3), QStringList({"40", "20", "10", "10", "10", "10", "10", "10"}));
-        QVERIFY(g.IsSubtotal(1) && g.IsSubtotal(2) && !g.IsSubtotal(3));
+        QCOMPARE(totalRows(g), QList<int>({1, 2, 5, 7}));
 
         // Below the data, grouped on the fixed column: one total at the end.
         VSGrid h;
@@ -218,10 +183,9 @@ private Q_SLOTS:
         g.setMergeCells(true);
         g.setMergeCol(1, true);
         QTRY_COMPARE(g.rowSpan(0, 0), 3);
-        QCOMPARE(g.rowSpan(3, 0), 1);
-        QCOMPARE(g.rowSpan(4, 0), 1);  // empty cells stay apart
-        QCOMPARE(g.rowSpan(0, 1), 1);  // column 2 does not merge
-
+        // Empty cells stay apart; column 2 does not merge.
+        QCOMPARE(QList<int>({g.rowSpan(3, 0), g.rowSpan(4, 0), g.rowSpan(0, 1)}),
+                 QList<int>({1, 1, 1}));
         g.setTextMatrix(3, 1, QStringLiteral("蓝"));
         QTRY_COMPARE(g.rowSpan(0, 0), 2);
         QCOMPARE(g.rowSpan(2, 0), 2);
@@ -229,7 +193,7 @@ private Q_SLOTS:
         QTRY_COMPARE(g.rowSpan(1, 0), 1);
     }
 
-    void checkBoxColumn() {
+    void checkBoxColumnAndEditing() {
         VSGrid g;
         g.setCols(3);
         g.AddItem("\t-1\tA");
@@ -241,7 +205,6 @@ private Q_SLOTS:
         QVERIFY(!m->setData(m->index(1, 0), Qt::Checked, Qt::CheckStateRole));  // not editable
 
         g.setEditable(true);
-        QVERIFY(m->flags(m->index(1, 0)) & Qt::ItemIsUserCheckable);
         QStringList order;
         connect(&g, &VSGrid::BeforeEdit, [&](int row, int col, bool&) {
             order << QStringLiteral("before %1,%2").arg(row).arg(col);
@@ -250,52 +213,43 @@ private Q_SLOTS:
             order << QStringLiteral("after %1,%2").arg(row).arg(col);
         });
         QVERIFY(m->setData(m->index(1, 0), Qt::Checked, Qt::CheckStateRole));
-        QCOMPARE(g.TextMatrix(2, 1), QStringLiteral("-1"));
         QVERIFY(m->setData(m->index(0, 0), Qt::Unchecked, Qt::CheckStateRole));
-        QCOMPARE(g.TextMatrix(1, 1), QStringLiteral("0"));
+        QCOMPARE(column(g, 1), QStringList({"0", "-1"}));
         QCOMPARE(order, QStringList({"before 2,1", "after 2,1", "before 1,1", "after 1,1"}));
-
         connect(&g, &VSGrid::BeforeEdit, [](int, int, bool& cancel) { cancel = true; });
         QVERIFY(!m->setData(m->index(0, 0), Qt::Checked, Qt::CheckStateRole));
         QCOMPARE(g.TextMatrix(1, 1), QStringLiteral("0"));
-    }
 
-    void editingAsksFirst() {
-        VSGrid g;
-        g.Bind(saleRows());
-        const QModelIndex cell = g.model()->index(1, 1);
+        // A text cell: no editor until the grid is editable and BeforeEdit agrees.
+        VSGrid h;
+        h.Bind(saleRows());
+        const QModelIndex cell = h.model()->index(1, 1);
         QTest::ignoreMessage(QtWarningMsg, "edit: editing failed");
-        g.edit(cell);
-        QVERIFY(!g.viewport()->findChild<QLineEdit*>());  // not editable
-
-        g.setEditable(true);
+        h.edit(cell);
+        QVERIFY(!h.viewport()->findChild<QLineEdit*>());
+        h.setEditable(true);
         bool refuse = true;
         int asked = 0;
-        QSignalSpy after(&g, &VSGrid::AfterEdit);
-        connect(&g, &VSGrid::BeforeEdit, [&](int, int, bool& cancel) {
+        QSignalSpy after(&h, &VSGrid::AfterEdit);
+        connect(&h, &VSGrid::BeforeEdit, [&](int, int, bool& cancel) {
             ++asked;
             cancel = refuse;
         });
         QTest::ignoreMessage(QtWarningMsg, "edit: editing failed");
-        g.edit(cell);
-        QCOMPARE(asked, 1);
-        QVERIFY(!g.viewport()->findChild<QLineEdit*>());
-
+        h.edit(cell);
+        QVERIFY(!h.viewport()->findChild<QLineEdit*>());
         refuse = false;
-        g.edit(cell);
-        auto* editor = g.viewport()->findChild<QLineEdit*>();
+        h.edit(cell);
+        auto* editor = h.viewport()->findChild<QLineEdit*>();
         QVERIFY(editor);
         QCOMPARE(editor->text(), QStringLiteral("裤子"));
         editor->setText(QStringLiteral("风衣"));
         QTest::keyClick(editor, Qt::Key_Return);
-        QTRY_COMPARE(g.TextMatrix(2, 2), QStringLiteral("风衣"));
+        QTRY_COMPARE(h.TextMatrix(2, 2), QStringLiteral("风衣"));
+        h.setTextMatrix(2, 2, QStringLiteral("programmatic"));  // no AfterEdit for this
         QCOMPARE(asked, 2);
         QCOMPARE(after.count(), 1);
-        QCOMPARE(after.at(0).at(0).toInt(), 2);
-        QCOMPARE(after.at(0).at(1).toInt(), 2);
-
-        g.setTextMatrix(2, 2, QStringLiteral("programmatic"));
-        QCOMPARE(after.count(), 1);
+        QCOMPARE(after.at(0), QVariantList({2, 2}));
     }
 
     void keysReachTheWindowFirst() {
@@ -313,14 +267,11 @@ private Q_SLOTS:
         QTest::keyClick(&g, Qt::Key_Down);
         QCOMPARE(keys, QList<int>({Qt::Key_Return, Qt::Key_Down}));
         QCOMPARE(g.Row(), 1);  // handled: the grid did not move
-        QVERIFY(typed.isEmpty());
-
         handle = false;
         QTest::keyClick(&g, Qt::Key_Down);
-        QCOMPARE(g.Row(), 2);
         QTest::keyClick(&g, Qt::Key_A);
         QCOMPARE(typed, QStringList({"a"}));
-        QCOMPARE(g.Row(), 2);  // typing does not search the rows
+        QCOMPARE(g.Row(), 2);  // moved once; typing does not search the rows
     }
 
     void rowChangeGuard() {
@@ -328,24 +279,20 @@ private Q_SLOTS:
         g.Bind(saleRows());
         QSignalSpy moved(&g, &VSGrid::RowColChange);
         g.setRow(2);
-        QCOMPARE(moved.count(), 1);
-
         bool allow = false;
         int asked = 0;
         g.setRowChangeAllowed([&] {
             ++asked;
             return allow;
         });
+        // Refused by a call, a key and a click, asked once per attempt.
         g.setRow(3);
-        QCOMPARE(g.Row(), 2);
         QTest::keyClick(&g, Qt::Key_Down);
-        QCOMPARE(g.Row(), 2);
         const QPoint third = g.visualRect(g.model()->index(2, 1)).center();
         QTest::mouseClick(g.viewport(), Qt::LeftButton, {}, third);
         QCOMPARE(g.Row(), 2);
-        QVERIFY(!g.selectionModel()->isRowSelected(2, QModelIndex()));
-        QCOMPARE(asked, 3);  // once per attempt
-        g.setCol(3);         // same row: free
+        QCOMPARE(asked, 3);
+        g.setCol(3);  // same row: free
         QCOMPARE(g.Col(), 3);
         QVERIFY(g.selectionModel()->isRowSelected(1, QModelIndex()));
         QVERIFY(!g.selectionModel()->isRowSelected(2, QModelIndex()));
