@@ -9,9 +9,7 @@
 
 #include "ARPrinter.h"
 #include "ModMain.h"
-#include "VSGrid.h"
-#include "frmPrint.h"
-#include "ui_frmPrint.h"
+#include "ReportData.h"
 
 // A stock list of `articles` articles with `sizes` rows each: the fixed
 // column, 货号 .. 条码, and a hidden key column at the end; widths differ by
@@ -36,13 +34,6 @@ inline void StockList(VSGrid& g, int articles, int sizes = 2) {
     const int qty = g.ColIndex("数量");
     g.Subtotal(VSGrid::SubtotalSum, 1, qty, "d", Qt::red, true, "合计", true);
     g.Subtotal(VSGrid::SubtotalSum, 0, qty, "d", Qt::red, true, "总合计", true);
-}
-
-// The texts of a grid row, from column 0.
-inline QStringList RowTexts(VSGrid* g, int row) {
-    QStringList out;
-    for (int c = 0; c < g->Cols(); ++c) out << g->TextMatrix(row, c);
-    return out;
 }
 
 // The texts of a grid column, from row 0.
