@@ -30,6 +30,9 @@ Spare& spare() {
 }
 constexpr size_t kKeepFrom = size_t(1) << 20;
 constexpr size_t kKeepUpTo = size_t(32) << 20;
+// A table this large (about 100,000 rows of ten columns) hands what the
+// allocator kept of it back to the system when it goes.
+constexpr size_t kTrimFrom = size_t(8) << 20;
 
 // Keeps the larger of two blocks (within kKeepUpTo), frees the other.
 void keep(recordset::Block& kept, recordset::Block b) {
@@ -49,6 +52,7 @@ RecordsetData::RecordsetData() {
 
 RecordsetData::~RecordsetData() {
     if (words.capacityBytes() < kKeepFrom) return;
+    [[maybe_unused]] const bool trim = words.capacityBytes() >= kTrimFrom;
     {
         Spare& s = spare();
         const std::lock_guard<std::mutex> hold(s.lock);
@@ -57,11 +61,11 @@ RecordsetData::~RecordsetData() {
         keep(s.bytes, bytes.release());
     }
 #if defined(__GLIBC__)
-    // The allocator keeps what a large table freed beyond the spare blocks
+    // The allocator keeps what a very large table freed beyond the spare blocks
     // (its other blocks, the texts' copies) for itself; give it back, or a
     // clerk searching to and fro in a large goods list leaves the process
     // holding two lists' worth of memory.
-    malloc_trim(0);
+    if (trim) malloc_trim(0);
 #endif
 }
 
