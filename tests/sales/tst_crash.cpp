@@ -82,8 +82,9 @@ private Q_SLOTS:
             // Every sale has all its lines or none.
             for (Recordset rs = TestDb::Query(
                      "select SellNo,count(*) from Sell group by SellNo having count(*)<>" +
-                     QString::number(pieces) + " and SellNo not in (select SellNo from Sell "
-                                               "group by SellNo having count(*) in (20,90))");
+                     QString::number(pieces) +
+                     " and SellNo not in (select SellNo from Sell "
+                     "group by SellNo having count(*) in (20,90))");
                  !rs.Eof(); rs.MoveNext())
                 QFAIL(qPrintable("partial sale " + rs.Text(0) + ": " + rs.Text(1) + " lines"));
             // Stock and layers lost exactly what the sale lines took.
