@@ -30,8 +30,8 @@ Spare& spare() {
 }
 constexpr size_t kKeepFrom = size_t(1) << 20;
 constexpr size_t kKeepUpTo = size_t(32) << 20;
-// A table this large (about 100,000 rows of ten columns) hands what the
-// allocator kept of it back to the system when it goes.
+// A table with this many bytes of cells (about 100,000 rows of ten columns)
+// hands what the allocator kept of it back to the system when it goes.
 constexpr size_t kTrimFrom = size_t(8) << 20;
 
 // Keeps the larger of two blocks (within kKeepUpTo), frees the other.
@@ -52,7 +52,9 @@ RecordsetData::RecordsetData() {
 
 RecordsetData::~RecordsetData() {
     if (words.capacityBytes() < kKeepFrom) return;
-    [[maybe_unused]] const bool trim = words.capacityBytes() >= kTrimFrom;
+    // By the cells it holds, not its block: a small result may have taken
+    // over a large spare block and gives it on untouched.
+    [[maybe_unused]] const bool trim = words.size() * sizeof(quint64) >= kTrimFrom;
     {
         Spare& s = spare();
         const std::lock_guard<std::mutex> hold(s.lock);
