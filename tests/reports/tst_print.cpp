@@ -227,20 +227,26 @@ private Q_SLOTS:
         QCOMPARE(ColTexts(p.grid, 0), QStringList({"", "1", "2", "3", "4", "5", "6"}));
 
         p.ui->chkisTotal->click();
+        QVERIFY(p.w.HasTotal);  // the restored "合计" cell would not show it
         QCOMPARE(RowTexts(p.grid, 1), total);
         p.Preview();
         QCOMPARE(ColTexts(p.grid, 0), QStringList({"", "合计", "1", "2", "3", "4", "5", "6"}));
         CS_NO_LEFTOVER_BOXES(rec);
     }
 
-    // One centred field per ticked column, side by side from 0 with the
-    // grid's widths, the record number column only when asked for; with
-    // grid lines, every field has borders right, top and bottom, the first
-    // also on the left. Ticking a column again brings its field back.
+    // The list offers the visible columns, ticked. One centred field per
+    // ticked column, side by side from 0 with the grid's widths, the record
+    // number column only when asked for; with grid lines, every field has
+    // borders right, top and bottom, the first also on the left. Ticking a
+    // column again brings its field back.
     void fieldsFollowTheChosenColumns() {
         VSGrid source;
         StockList(source, 2);
         PrintWindow p(source);
+        QStringList offered;  // the visible columns, ticked
+        for (const QListWidgetItem* i : p.ui->listField->findItems("*", Qt::MatchWildcard))
+            offered << i->text() + (i->checkState() == Qt::Checked ? "" : " unticked");
+        QCOMPARE(offered, QStringList({"货号", "种类", "品牌", "尺码", "数量", "零售价", "条码"}));
         p.Choose("种类", false);
         p.Choose("零售价", false);
         for (const bool numbered : {false, true}) {
